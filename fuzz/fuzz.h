@@ -1,0 +1,23 @@
+// What the fuzz targets share.
+#ifndef FUZZ_FUZZ_H
+#define FUZZ_FUZZ_H
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+// Ends the process, which the fuzzer reports with the input.
+inline void require(bool holds)
+{
+    if (!holds)
+        std::abort();
+}
+
+// The input up to its first NUL.
+inline std::string text_of(const std::uint8_t *begin, const std::uint8_t *end)
+{
+    return {begin, std::find(begin, end, std::uint8_t{0})};
+}
+
+#endif

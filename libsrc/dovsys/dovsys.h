@@ -1,0 +1,14 @@
+// The system library: tracked memory, strings and lists, environment settings, files and directories, rounding.
+// Nothing in it is safe to call from two threads at once.
+#ifndef DOVSYS_DOVSYS_H
+#define DOVSYS_DOVSYS_H
+
+#include "dovsys/basicstr.h"
+#include "dovsys/bestint.h"
+#include "dovsys/comutil.h"
+#include "dovsys/dirutil.h"
+#include "dovsys/jmalloc.h"
+#include "dovsys/logicals.h"
+#include "dovsys/rddir.h"
+
+#endif

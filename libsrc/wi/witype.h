@@ -1,0 +1,86 @@
+// What differs by type of object: one row of functions per type, defined by the type's module.
+//
+// A generic operation looks the row of its object up and calls the row's function; an empty slot means that the
+// type does not have the operation. A new type is one module and one line in witype.cpp.
+#pragma once
+
+#include "dovsys/dovsys.h"
+#include "wi/wiexit.h"
+#include "wi/wiobj.h"
+
+// A rectangle in pixels of the window that the object lies in.
+struct wi_rect {
+    int x, y, w, h;
+};
+
+// Where a walk of the keyboard focus goes on.
+struct wi_focus_step {
+    enum { taken, into, past } what;
+    wi_obj *container; // past: the container to go on in
+    wi_obj *wo;        // into: the object to enter; past: the child to move on from
+};
+wi_focus_step wi_focus_into(wi_obj *wo);
+wi_focus_step wi_focus_past(wi_obj *wo); // in the object's parent
+
+struct wi_type {
+    void (*show)(wi_obj *, bool on) = nullptr; // shows or hides what the object consists of
+    void (*place)(wi_obj *, const wi_rect &) = nullptr;
+    void (*add_child)(wi_obj *parent, wi_obj *child) = nullptr;
+
+    wi_focus_step (*focus_enter)(wi_obj *) = nullptr;
+    wi_focus_step (*focus_leave)(wi_obj *container, wi_obj *from) = nullptr;
+
+    void (*clicked)(wi_obj *) = nullptr; // a control of the object was clicked
+
+    void (*set_message)(wi_obj *, const char *) = nullptr;
+    void (*set_label)(wi_obj *, const char *) = nullptr;
+    void (*set_split)(wi_obj *, double) = nullptr;
+    void (*set_decimals)(wi_obj *, int) = nullptr;
+    void (*set_inc)(wi_obj *, double) = nullptr;
+    void (*set_string)(wi_obj *, const char *) = nullptr;
+    void (*set_value)(wi_obj *, double) = nullptr;
+    void (*set_state)(wi_obj *, int) = nullptr;
+    void (*set_dir)(wi_obj *, const char *) = nullptr;
+    void (*set_editable)(wi_obj *, int) = nullptr;
+    char *(*get_string)(wi_obj *) = nullptr;
+    double (*get_value)(wi_obj *) = nullptr;
+    int (*get_state)(wi_obj *) = nullptr;
+    char *(*get_label)(wi_obj *) = nullptr;
+};
+
+extern const wi_type wi_button_row, wi_crop_row, wi_dovapp_row, wi_drect_row, wi_form_row, wi_frame_row,
+    wi_incdecfld_row, wi_label_row, wi_null_row, wi_numfld_row, wi_rectary_row, wi_strfld_row, wi_updownbut_row;
+
+// The row of the object's type; a row of empty slots for codes that no module has claimed.
+const wi_type &wi_row(const wi_obj *wo);
+
+// A new zeroed object of the type, switched on.
+wi_obj *wi_new_obj(int type);
+
+// A new zeroed record.
+template <class Record>
+Record *wi_new()
+{
+    return static_cast<Record *>(jmalloc(static_cast<int>(sizeof(Record))));
+}
+
+// An object made without a parent lives in an application window of its own, which becomes its shell and cannot be
+// closed by the user. Returns the parent to use: that window, or `parent` when there is one.
+wi_obj *wi_with_shell(wi_obj *wo, wi_obj *parent, const char *title = " ");
+
+// Takes the window of `parent` for a new object that has none of its own, and links the object below it.
+void wi_attach(wi_obj *wo, wi_obj *parent);
+
+// Ends the program with the first message when `wo` (or, in the second form, `s`) is null, and with the second when
+// it is not of the type.
+void wi_check(const wi_obj *wo, int type, const char *null_message, const char *type_message);
+void wi_check(const wi_obj *wo, const char *s, int type, const char *null_message, const char *type_message);
+
+// Replaces an owned text by a copy of `s`.
+void wi_replace_text(char *&text, const char *s);
+
+// Containers with at most one child share these.
+void wi_one_child_show(wi_obj *wo, bool on);
+void wi_one_child_add(wi_obj *parent, wi_obj *child);
+wi_focus_step wi_container_enter(wi_obj *wo);
+wi_focus_step wi_container_leave(wi_obj *container, wi_obj *from);
