@@ -9,6 +9,9 @@ build=$root/build
 host=$build/host # state of the shared host: locks, the virtual display
 logs=$build/logs
 
+# Whatever the user's language, numbers have points, messages are English and file names UTF-8, in Wine too.
+export LC_ALL=C.UTF-8
+
 packages_linux=(cmake ninja-build g++ googletest)
 packages_windows=(cmake ninja-build g++-mingw-w64-x86-64 googletest)
 

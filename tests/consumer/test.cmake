@@ -9,3 +9,11 @@ foreach(step IN ITEMS
     "--build;${work}/build;--target;test")
   execute_process(COMMAND ${CMAKE_COMMAND} ${step} COMMAND_ERROR_IS_FATAL ANY)
 endforeach()
+
+# The README shows the first program as it was compiled here.
+file(READ ${CMAKE_CURRENT_LIST_DIR}/first.cpp program)
+file(READ ${CMAKE_CURRENT_LIST_DIR}/../../README.md readme)
+string(FIND "${readme}" "${program}" at)
+if(at EQUAL -1)
+  message(FATAL_ERROR "README.md shows another program than tests/consumer/first.cpp")
+endif()

@@ -4,31 +4,18 @@
 
 namespace {
 
-TEST(Frame, SplitsTheRealCommandLineAndIsNotRunningBeforeMainReturns)
-{
-    EXPECT_EQ(isrunning(), 0);
-    EXPECT_GT(getcharheight(), 5);
-    EXPECT_LT(getcharheight(), 60);
-    WNDCLASSEXA wc{};
-    wc.cbSize = sizeof wc;
-    ASSERT_TRUE(GetClassInfoExA(getinstance(), "dovapp", &wc));
-    EXPECT_EQ(wc.style & (CS_VREDRAW | CS_HREDRAW), static_cast<UINT>(CS_VREDRAW | CS_HREDRAW));
-}
-
 TEST(Frame, TakesItsOwnOptionFromTheSecondToLastWord)
 {
     const struct {
         std::vector<const char *> words;
         int left, editing;
-    } table[] = {
-        {{}, 0, 0},
-        {{"helpedit"}, 1, 0},
-        {{"x", "helpedit"}, 2, 0},
-        {{"Helpedit", "x"}, 2, 0},
-        {{"helpedit", "x"}, 1, 1},
-        {{"helpedit", "x", "y"}, 3, 0},
-        {{"x", "helpedit", "y"}, 2, 1},
-    };
+    } table[] = {{{}, 0, 0},
+                 {{"helpedit"}, 1, 0},
+                 {{"x", "helpedit"}, 2, 0},
+                 {{"Helpedit", "x"}, 2, 0},
+                 {{"helpedit", "x"}, 1, 1},
+                 {{"helpedit", "x", "y"}, 3, 0},
+                 {{"x", "helpedit", "y"}, 2, 1}};
     for (const auto &row : table) {
         std::vector<char *> argv{const_cast<char *>(" ")};
         for (const char *word : row.words)

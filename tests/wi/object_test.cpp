@@ -136,13 +136,4 @@ TEST(WindowTable, WhenFullObjectsAreStillMade)
     wi_reset_window_table();
 }
 
-TEST(ApplicationData, IsKeptWithTheObject)
-{
-    wi_obj *label = wi_mk_label(nullptr, "l", 0);
-    int data = 0;
-    EXPECT_EQ(wi_recall(label), nullptr);
-    EXPECT_EQ(wi_store(label, &data), label);
-    EXPECT_EQ(wi_recall(label), &data);
-}
-
 } // namespace
