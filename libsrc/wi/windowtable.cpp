@@ -15,27 +15,25 @@ struct _windowtableentry {
 constexpr int table_size = 20000;
 constexpr int menu_size = 400;
 
-std::array<_windowtableentry, table_size> wintable;
-int lastposition;
+// Open addressing with linear probing, at most 61 % full. Only the first registration of a window has an entry.
+constexpr unsigned hash_bits = 15;
+constexpr std::size_t hash_size = std::size_t{1} << hash_bits;
+static_assert(hash_size > table_size * 3 / 2);
+
+std::array<_windowtableentry, hash_size> wintable;
+int lastposition; // registrations so far
 wi_instance instance;
 std::array<wi_menubutton_info *, menu_size> menutable;
 int lastmenuposition;
 
-// Index of the table: open addressing with linear probing; a slot holds a position of wintable + 1, or 0. It holds
-// the first registration of each window only, and is at most 61 % full.
-constexpr std::size_t index_size = 32768;
-static_assert((index_size & (index_size - 1)) == 0 && index_size > table_size * 3 / 2);
-std::array<std::uint16_t, index_size> window_index;
-static_assert(table_size < UINT16_MAX);
-
-// The slot of the window, or the free slot where it belongs.
-std::uint16_t &index_slot(wi_window window)
+// The entry of the window, or the free one where it belongs.
+_windowtableentry &entry_of(wi_window window)
 {
-    auto at = static_cast<std::size_t>(reinterpret_cast<std::uintptr_t>(window) * 0x9E3779B97F4A7C15u >> 49);
-    static_assert(index_size == std::size_t{1} << (64 - 49));
-    while (window_index[at] && wintable[window_index[at] - 1u].windowhandle != window)
-        at = (at + 1) % index_size;
-    return window_index[at];
+    auto at =
+        static_cast<std::size_t>(reinterpret_cast<std::uintptr_t>(window) * 0x9E3779B97F4A7C15u >> (64 - hash_bits));
+    while (wintable[at].windowhandle != window && (wintable[at].windowhandle || wintable[at].wiptr))
+        at = (at + 1) % hash_size;
+    return wintable[at];
 }
 
 } // namespace
@@ -44,16 +42,15 @@ void setwiobject(wi_window window, wi_obj *wo)
 {
     if (lastposition == table_size)
         return;
-    wintable[static_cast<std::size_t>(lastposition++)] = {window, wo};
-    std::uint16_t &slot = index_slot(window);
-    if (!slot)
-        slot = static_cast<std::uint16_t>(lastposition);
+    ++lastposition;
+    _windowtableentry &entry = entry_of(window);
+    if (!entry.windowhandle && !entry.wiptr)
+        entry = {window, wo};
 }
 
 wi_obj *getwiobject(wi_window window)
 {
-    const std::uint16_t slot = index_slot(window);
-    return slot ? wintable[slot - 1u].wiptr : nullptr;
+    return entry_of(window).wiptr;
 }
 
 void setinstance(wi_instance h)
@@ -86,5 +83,5 @@ void wi_reset_window_table()
 {
     lastposition = 0;
     lastmenuposition = 0;
-    window_index.fill(0);
+    wintable = {};
 }

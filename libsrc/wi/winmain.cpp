@@ -42,7 +42,7 @@ void close(wi_obj *wo)
 
 void help(const HELPINFO *info)
 {
-    if (info->iContextType == HELPINFO_WINDOW)
+    if (info && info->iContextType == HELPINFO_WINDOW)
         wi_hlp_srch(getwiobject(static_cast<HWND>(info->hItemHandle)));
 }
 
@@ -90,7 +90,7 @@ LRESULT CALLBACK dovappwndproc(HWND hwnd, UINT msg, WPARAM wparam, LPARAM lparam
     switch (msg) {
     case WM_SIZE:
         if (is_window(wo))
-            wi_layout_window(wo);
+            wi_layout_window(wo, LOWORD(lparam), HIWORD(lparam));
         return 0;
     case WM_COMMAND:
         command(wparam, reinterpret_cast<HWND>(lparam));

@@ -10,8 +10,11 @@ void show_shell(wi_obj *shell, bool on)
         wi_show_window(shell->handle, false);
         return;
     }
-    if (!IsWindowVisible(shell->handle))
-        wi_layout_window(shell); // what was made since the last layout appears in its place
+    if (!IsWindowVisible(shell->handle)) { // what was made since the last layout appears in its place
+        RECT client;
+        GetClientRect(shell->handle, &client);
+        wi_layout_window(shell, client.right, client.bottom);
+    }
     if (IsIconic(shell->handle))
         ShowWindow(shell->handle, SW_RESTORE);
     wi_show_window(shell->handle, true);

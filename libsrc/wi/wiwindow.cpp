@@ -105,12 +105,10 @@ void wi_move(HWND window, const wi_rect &r)
     anything_moved = true;
 }
 
-void wi_layout_window(wi_obj *dovapp)
+void wi_layout_window(wi_obj *dovapp, int w, int h)
 {
-    RECT client;
-    GetClientRect(dovapp->handle, &client);
     anything_moved = false;
-    onresize(dovapp, 0, 0, client.right, client.bottom);
+    onresize(dovapp, 0, 0, w, h);
     if (anything_moved)
         RedrawWindow(dovapp->handle, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }

@@ -26,8 +26,8 @@ void wi_refont(wi_obj *dovapp);
 // Moves a child window without repainting; the layout pass repaints once.
 void wi_move(HWND window, const wi_rect &r);
 
-// Lays an application window out for its present client area, and repaints it when anything moved.
-void wi_layout_window(wi_obj *dovapp);
+// Lays an application window out for a client area of w by h pixels, and repaints it when anything moved.
+void wi_layout_window(wi_obj *dovapp, int w, int h);
 
 void wi_show_window(HWND window, bool on);
 

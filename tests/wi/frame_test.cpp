@@ -68,6 +68,15 @@ TEST(ApplicationWindow, TakesItsTitleFromWhoMadeIt)
     wi_settitle(wi_mk_label(wi_form_parent(form, 0, 0, 1, 1), "", 0), "ignored");
 }
 
+TEST(ApplicationWindow, TakesTheSizeThatAMonitorOfOtherDpiAsksFor)
+{
+    wi_obj *label = wi_mk_label(nullptr, "t", 0);
+    RECT wanted{30, 40, 630, 340}, got;
+    SendMessageA(label->shell->handle, WM_DPICHANGED, MAKEWPARAM(144, 144), reinterpret_cast<LPARAM>(&wanted));
+    GetWindowRect(label->shell->handle, &got);
+    EXPECT_TRUE(EqualRect(&got, &wanted));
+}
+
 TEST(ApplicationWindow, IgnoresMessagesOfForeignWindows)
 {
     wi_obj *app = wi_mk_dovapp(nullptr, "t");

@@ -46,7 +46,7 @@ TEST(Layout, PlacesByProportion)
     wi_obj *labelled = wi_mk_strfld(wi_form_parent(form, 0, 0, 100, 100), "l", 0.01);
     const int cx = GetSystemMetrics(SM_CXEDGE), cy = GetSystemMetrics(SM_CYEDGE);
 
-    onresize(top, 0, 0, 350, 151);
+    SendMessageA(top->handle, WM_SIZE, SIZE_RESTORED, MAKELPARAM(350, 151));
     EXPECT_EQ(place(field->handle), (box{35, 60, 280, 30}));
     EXPECT_EQ(place(ok->handle), (box{35 + 14, 105 + 1, 112, 28}));
     EXPECT_EQ(place(cancel->handle), (box{35 + 154, 105 + 1, 112, 28}));
