@@ -39,7 +39,8 @@ void say(const char *what, double value)
 }
 
 // Looks every millisecond until found() is true.
-template <class Found> void wait_for(const char *what, Found found)
+template <class Found>
+void wait_for(const char *what, Found found)
 {
     for (const ULONGLONG end = GetTickCount64() + patience_ms; !found(); Sleep(1))
         if (GetTickCount64() > end)
@@ -118,10 +119,12 @@ void commands(const std::string &location)
 {
     const std::string place = location + "\\TANSY_DEMO", quote = "\"";
     const std::string batch = quote + place + "\\TANSY_DEMO_install.bat\"";
-    const std::array<std::string, 6> all = {
-        "del \"" + location + "\\test.tmp\"", "mkdir \"" + place + quote,
-        "copy TANSY_DEMO.env \"" + place + "\\TANSY_DEMO.env\"", "copy TANSY_DEMO_install.bat " + batch, batch,
-        "del " + batch};
+    const std::array<std::string, 6> all = {"del \"" + location + "\\test.tmp\"",
+                                            "mkdir \"" + place + quote,
+                                            "copy TANSY_DEMO.env \"" + place + "\\TANSY_DEMO.env\"",
+                                            "copy TANSY_DEMO_install.bat " + batch,
+                                            batch,
+                                            "del " + batch};
     const std::uint64_t start = now_us();
     if (std::FILE *probe = std::fopen((location + "\\test.tmp").c_str(), "w"))
         std::fclose(probe);

@@ -27,7 +27,7 @@ die() {
 need() {
     command -v dpkg-query >/dev/null || return 0 # not Debian: the tools are there or their absence will show
     local have missing=() package as=()
-    have=$(dpkg-query -W -f='${db:Status-Status} ${Package}\n' "$@" 2>/dev/null)
+    have=$(dpkg-query -W -f='${db:Status-Status} ${Package}\n' "$@" 2>/dev/null) || true # some are missing
     for package; do
         grep -qx "installed $package" <<<"$have" || missing+=("$package")
     done

@@ -32,27 +32,9 @@ if(WIN32)
   endif()
 endif()
 
-if(WI_TIDY)
-  find_program(WI_CLANG_TIDY clang-tidy REQUIRED)
-  set(wi_tidy ${WI_CLANG_TIDY} --quiet --extra-arg=-Wno-unknown-warning-option)
-  if(CMAKE_CROSSCOMPILING)
-    # clang does not find Debian's mingw-w64 by itself. It gets the compiler's search path without the headers of
-    # the compiler's own intrinsics, which only that compiler can read.
-    list(APPEND wi_tidy --extra-arg=--target=x86_64-w64-mingw32 --extra-arg=-nostdlibinc)
-    foreach(directory IN LISTS CMAKE_CXX_IMPLICIT_INCLUDE_DIRECTORIES)
-      if(NOT directory MATCHES "/lib/gcc/[^/]+/[^/]+/include(-fixed)?$")
-        list(APPEND wi_tidy --extra-arg=-isystem${directory})
-      endif()
-    endforeach()
-  endif()
-endif()
-
 # What every target of ours is compiled with.
 function(wi_compile_options target)
   target_compile_options(${target} PRIVATE "$<$<COMPILE_LANGUAGE:CXX>:${wi_warnings}>")
-  if(WI_TIDY)
-    set_target_properties(${target} PROPERTIES CXX_CLANG_TIDY "${wi_tidy}")
-  endif()
 endfunction()
 
 # wi_library(NAME SOURCES ... HEADERS ... [LINKS ...])

@@ -1,6 +1,5 @@
 // What the fuzz targets share.
-#ifndef FUZZ_FUZZ_H
-#define FUZZ_FUZZ_H
+#pragma once
 
 #include <algorithm>
 #include <cstdint>
@@ -19,5 +18,3 @@ inline std::string text_of(const std::uint8_t *begin, const std::uint8_t *end)
 {
     return {begin, std::find(begin, end, std::uint8_t{0})};
 }
-
-#endif

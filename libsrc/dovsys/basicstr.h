@@ -1,7 +1,6 @@
 // String helpers that work in place and never allocate. Strings are NUL-terminated bytes and must not be null; case is
 // ASCII unless said otherwise. Whitespace is blank, tab and line feed. Editing helpers return their first argument.
-#ifndef DOVSYS_BASICSTR_H
-#define DOVSYS_BASICSTR_H
+#pragma once
 
 // Comparison without regard to case: negative, 0 or positive, the difference of the first two upper-cased bytes that
 // differ. The second looks at no more than n characters; n < 1 gives 0.
@@ -29,5 +28,3 @@ char *ridendws(char *s);
 
 // Moves n bytes; the ranges may overlap. Nothing for n < 1.
 void *xmove(void *target, const void *source, int n);
-
-#endif

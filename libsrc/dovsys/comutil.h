@@ -4,8 +4,7 @@
 // Strings are NUL-terminated bytes; case is ASCII. Whitespace is blank, tab and line feed, not carriage return. Null
 // strings and lists are taken everywhere: they give 0, null or the other argument unchanged unless said otherwise.
 // Pointers to capacity figures must not be null.
-#ifndef DOVSYS_COMUTIL_H
-#define DOVSYS_COMUTIL_H
+#pragma once
 
 // New strings and arrays. Null for a null source or a count below 1.
 char *c_mkstr(const char *str); // copy, with room for one character more
@@ -107,5 +106,3 @@ char **c_words_new(const char *str);
 const char *c_sfmtd(double dd);
 const char *c_sfmtf(double ff);
 const char *c_sfmti(int ii);
-
-#endif

@@ -1,7 +1,6 @@
 // The system library: tracked memory, strings and lists, environment settings, files and directories, rounding.
 // Nothing in it is safe to call from two threads at once.
-#ifndef DOVSYS_DOVSYS_H
-#define DOVSYS_DOVSYS_H
+#pragma once
 
 #include "dovsys/basicstr.h"
 #include "dovsys/bestint.h"
@@ -10,5 +9,3 @@
 #include "dovsys/jmalloc.h"
 #include "dovsys/logicals.h"
 #include "dovsys/rddir.h"
-
-#endif

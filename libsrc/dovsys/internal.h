@@ -1,6 +1,5 @@
 // What the modules of the system library and their tests share, and nobody else needs.
-#ifndef DOVSYS_INTERNAL_H
-#define DOVSYS_INTERNAL_H
+#pragma once
 
 #include <array>
 #include <cstddef>
@@ -48,5 +47,3 @@ void jmalloc_reset(); // before jmalloc_nomm_reset(): its tables are tracked blo
 void comutil_reset();
 void logicals_reset();
 void rddir_reset();
-
-#endif

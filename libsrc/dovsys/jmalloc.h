@@ -6,8 +6,7 @@
 // with accounting off it is passed to the standard allocator as it is.
 //
 // A process that ends here has printed its message on standard output as a line of its own and has status -1.
-#ifndef DOVSYS_JMALLOC_H
-#define DOVSYS_JMALLOC_H
+#pragma once
 
 #include <memory>
 
@@ -59,5 +58,3 @@ void *jrealloc_align(void *ptr, int nbytes, int nalign);
 // such. For any other entry the table closes one place too early: the entry before it is lost, its block can no longer
 // be freed, and the freed entry stays listed.
 void jfree_align(void *ptr);
-
-#endif

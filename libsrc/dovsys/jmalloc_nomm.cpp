@@ -7,6 +7,8 @@
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
+#include <span>
+#include <utility>
 
 std_allocator dovsys_allocator = {std::calloc, std::realloc, std::free};
 
@@ -17,11 +19,11 @@ constexpr int first_slots = 500;
 constexpr int more_slots = 100;
 constexpr int no_slot = -1;
 
-// One slot of the map. A null pointer marks it free; occupied slots of one hash bucket are chained.
+// A live block and the number of its slot in the map; a null pointer marks a free entry.
 struct _memelem {
     void *ptr;
+    int slot;
     int size;
-    int next; // slot + 1, 0 at the end
 };
 
 // Set of the free slots that answers "lowest" without a scan. Bit i of level 0 is set while slot i is free, bit i of
@@ -93,14 +95,15 @@ accounting jacctmem = accounting::undecided;
 
 std::int64_t totalloc = 0;
 int statsize = 0;
-_memelem *memstat = nullptr;
 
-// The index finds a pointer's slot and the lowest free one. It and the map have room for more slots than the map has,
-// so that growing by 100 does not copy them every time.
-std::size_t room = 0;   // a power of two
-int *buckets = nullptr; // first slot + 1 of each chain, 0 when it is empty; twice as many as there is room
-int bucket_shift = 0;
-free_slots free_set; // its words follow the buckets, in the same block of memory
+// Nobody asks what a slot holds, so the map is kept by pointer: as a hash table with at least two entries for each
+// slot, in which an entry stands at its home or, when that is taken, behind it without a gap. There is room for more
+// slots than the map has, so that growing by 100 does not build a new table every time. Before there is a map, the
+// table is one free entry.
+_memelem no_map{};
+_memelem *memstat = &no_map;
+std::size_t last_entry = 0; // of memstat, whose size is a power of two; the first follows it
+free_slots free_set;        // its words follow the entries, in the same block of memory
 
 [[noreturn]] void end_process()
 {
@@ -133,49 +136,55 @@ free_slots free_set; // its words follow the buckets, in the same block of memor
 }
 
 // Blocks are aligned to 16 bytes; the factor spreads neighbours and powers of two.
-int &bucket_of(const void *ptr)
+std::size_t home_of(const void *ptr)
 {
-    return buckets[((reinterpret_cast<std::uintptr_t>(ptr) >> 4) * 0x9E3779B97F4A7C15U) >> bucket_shift];
+    return (((reinterpret_cast<std::uintptr_t>(ptr) >> 4) * 0x9E3779B97F4A7C15U) >> 32) & last_entry;
 }
 
-// The link that leads to the slot of ptr, or the end of its chain. There must be a map.
-int *find_link(const void *ptr)
+std::size_t following(std::size_t entry)
 {
-    int *link = &bucket_of(ptr);
-    while (*link != 0 && memstat[*link - 1].ptr != ptr)
-        link = &memstat[*link - 1].next;
-    return link;
+    return (entry + 1) & last_entry;
 }
 
-void link_slot(int slot)
+// The entry that holds ptr, or the free one that would.
+std::size_t find_entry(const void *ptr)
 {
-    int &head = bucket_of(memstat[slot].ptr);
-    memstat[slot].next = head;
-    head = slot + 1;
+    std::size_t entry = home_of(ptr);
+    while (memstat[entry].ptr != ptr && memstat[entry].ptr != nullptr)
+        entry = following(entry);
+    return entry;
+}
+
+// Puts those behind the entry again where they are found, as nothing is found across a gap.
+void remove_entry(std::size_t entry)
+{
+    memstat[entry] = {};
+    while (memstat[entry = following(entry)].ptr != nullptr) {
+        const _memelem moved = std::exchange(memstat[entry], {});
+        memstat[find_entry(moved.ptr)] = moved;
+    }
 }
 
 // Called when no slot is free, so the new set starts empty.
-bool make_room(std::size_t slots)
+void make_room(std::size_t slots)
 {
-    if (slots <= room)
-        return true;
-    const std::size_t new_room = std::bit_ceil(slots);
-    void *map = dovsys_allocator.realloc(memstat, new_room * sizeof(_memelem));
-    if (map == nullptr)
-        return false;
-    memstat = static_cast<_memelem *>(map);
-    const std::size_t set_size = free_slots::words(new_room) * sizeof(std::uint64_t);
-    void *index = dovsys_allocator.calloc(1, 2 * new_room * sizeof(int) + set_size);
-    if (index == nullptr)
-        return false;
-    dovsys_allocator.free(buckets);
-    room = new_room;
-    buckets = static_cast<int *>(index);
-    bucket_shift = 63 - std::countr_zero(room);
-    free_set.place(reinterpret_cast<std::uint64_t *>(buckets + 2 * room), room);
-    for (int slot = 0; slot < statsize; ++slot)
-        link_slot(slot);
-    return true;
+    if (2 * slots <= last_entry + 1)
+        return;
+    const std::size_t room = std::bit_ceil(slots);
+    const std::size_t set_size = free_slots::words(room) * sizeof(std::uint64_t);
+    void *table = dovsys_allocator.calloc(1, 2 * room * sizeof(_memelem) + set_size);
+    if (table == nullptr)
+        map_exhausted();
+    const std::span<_memelem> old(memstat, last_entry + 1);
+    memstat = static_cast<_memelem *>(table);
+    last_entry = 2 * room - 1;
+    for (const _memelem &element : old) {
+        if (element.ptr != nullptr)
+            memstat[find_entry(element.ptr)] = element;
+    }
+    if (old.data() != &no_map)
+        dovsys_allocator.free(old.data());
+    free_set.place(reinterpret_cast<std::uint64_t *>(memstat + 2 * room), room);
 }
 
 void add_slots(int count)
@@ -183,18 +192,14 @@ void add_slots(int count)
     if (statsize > INT_MAX - count)
         map_exhausted();
     const int end = statsize + count;
-    if (!make_room(static_cast<std::size_t>(end)))
-        map_exhausted();
-    for (; statsize < end; ++statsize) {
-        memstat[statsize] = {};
+    make_room(static_cast<std::size_t>(end));
+    for (; statsize < end; ++statsize)
         free_set.insert(statsize);
-    }
 }
 
 void occupy_slot(int slot, void *p, int size)
 {
-    memstat[slot] = {p, size, 0};
-    link_slot(slot);
+    memstat[find_entry(p)] = {p, slot, size};
     free_set.erase(slot);
     totalloc += size;
 }
@@ -202,13 +207,13 @@ void occupy_slot(int slot, void *p, int size)
 // Takes p out of the account and returns its slot; function is where the caller passed it.
 int release_pointer(const void *p, const char *function)
 {
-    int *link = statsize > 0 ? find_link(p) : nullptr;
-    if (link == nullptr || *link == 0)
+    __builtin_prefetch(p); // the standard allocator is about to look at the block
+    const std::size_t entry = find_entry(p);
+    if (memstat[entry].ptr == nullptr)
         bad_pointer(function);
-    const int slot = *link - 1;
-    *link = memstat[slot].next;
-    totalloc -= memstat[slot].size;
-    memstat[slot] = {};
+    const int slot = memstat[entry].slot;
+    totalloc -= memstat[entry].size;
+    remove_entry(entry);
     free_set.insert(slot);
     return slot;
 }
@@ -243,7 +248,8 @@ int getslot()
 
 int findslot(const void *ptr)
 {
-    return statsize > 0 ? *find_link(ptr) - 1 : no_slot;
+    const _memelem &element = memstat[find_entry(ptr)];
+    return element.ptr != nullptr ? element.slot : no_slot;
 }
 
 int jused()
@@ -312,14 +318,12 @@ void *jrealloc_bytes(void *p, std::size_t n)
 
 void jmalloc_nomm_reset()
 {
-    dovsys_allocator.free(memstat);
-    dovsys_allocator.free(buckets);
+    if (memstat != &no_map)
+        dovsys_allocator.free(memstat);
     jacctmem = accounting::undecided;
     totalloc = 0;
     statsize = 0;
-    memstat = nullptr;
-    room = 0;
-    buckets = nullptr;
-    bucket_shift = 0;
+    memstat = &no_map;
+    last_entry = 0;
     free_set = {};
 }

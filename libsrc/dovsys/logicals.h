@@ -1,6 +1,5 @@
 // Environment logicals: named settings read from the process environment.
-#ifndef DOVSYS_LOGICALS_H
-#define DOVSYS_LOGICALS_H
+#pragma once
 
 // Value of the environment variable lognam, or tabnam_lognam when a table is given; null when it is undefined, when
 // lognam is null or when the whole name is longer than 511 characters. An empty value is defined. A value is cut at 255
@@ -15,5 +14,3 @@ extern "C" void transl_(const char *logn, char *equn, int loglen, int equlen);
 // is written without the system's own. Empty when HOME is undefined. The first call decides for the whole process.
 // A value of more than 58 characters ends the process with a message on standard error and status 1.
 const char *dovsys_homedir();
-
-#endif

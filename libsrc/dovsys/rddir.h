@@ -3,8 +3,7 @@
 //     rddir_init(mask);
 //     while (const char *file = rddir(mask))
 //         ...
-#ifndef DOVSYS_RDDIR_H
-#define DOVSYS_RDDIR_H
+#pragma once
 
 // The next call of rddir() starts a new listing. Returns its argument.
 const char *rddir_init(const char *filemask);
@@ -26,5 +25,3 @@ void rddir_free(const char *charptrhandle);
 // name, each trimmed of whitespace at both edges; without a separator the path is empty. Both buffers hold as much as
 // fname and may be fname itself. None may be null.
 void splitit(const char *fname, char *path, char *name);
-
-#endif

@@ -5,51 +5,23 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 #include <climits>
 #include <clocale>
 #include <cmath>
 #include <cstring>
-#include <functional>
-#include <limits>
-#include <string>
+#include <set>
 #include <tuple>
-#include <vector>
 
 namespace {
 
 using strings = std::vector<std::string>;
 
-strings entries(const char *const *list)
+// The entries, each with a slash.
+std::string joined(const char *const *list)
 {
-    return {list, list + c_listlen(list)};
-}
-
-// A buffer of exactly the given size, so that a write behind it is seen.
-class buffer {
-public:
-    buffer(const char *text, int size) : bytes_(c_mkstrn(size)) { std::strcpy(bytes_.get(), text); }
-    operator char *() const { return bytes_.get(); }
-
-private:
-    jmalloc_ptr<char> bytes_;
-};
-
-TEST(Strings, CopiesAndArraysAreNewAndNullForNothing)
-{
-    const double d[] = {2.385, -1e300, 0.25};
-    const float f[] = {2.5F, -0.125F};
-    const int ia[] = {7, -9};
-    EXPECT_TRUE(std::equal(d, d + 3, jmalloc_ptr<double>(c_cpdary(d, 3)).get()));
-    EXPECT_TRUE(std::equal(f, f + 2, jmalloc_ptr<float>(c_cpfary(f, 2)).get()));
-    EXPECT_TRUE(std::equal(ia, ia + 2, jmalloc_ptr<int>(c_cpiary(ia, 2)).get()));
-    EXPECT_EQ(jmalloc_ptr<double>(c_mkdary(2)).get()[1], 0.0);
-    const jmalloc_ptr<char> copy(c_cpstr("tansy"));
-    EXPECT_STREQ(std::strcat(copy.get(), "s"), "tansys"); // there is a spare byte
-    for (const void *p : std::initializer_list<const void *>{
-             c_mkstr(nullptr), c_cpstr(nullptr), c_mkstrn(0), c_mkdary(-1), c_mkfary(0), c_mkiary(0),
-             c_cpdary(nullptr, 3), c_cpfary(f, 0), c_mklist(0), c_cpiary(nullptr, 1)})
-        EXPECT_EQ(p, nullptr);
+    std::string all;
+    std::for_each(list, list + c_listlen(list), [&](const char *entry) { all.append(entry).append("/"); });
+    return all;
 }
 
 TEST(Lists, GrowByTheirOwnStepsAndStayEnded)
@@ -64,199 +36,124 @@ TEST(Lists, GrowByTheirOwnStepsAndStayEnded)
         by_move = c_mvtolistgrow(by_move, c_mkstr(std::to_string(i).c_str()), &moved);
         if (i == 7 || i == 8 || i == 18)
             figures.insert(figures.end(), {copied, moved});
-        ASSERT_EQ(c_listlen(by_copy), i + 1);
-        for (int free = i + 1; free < copied; ++free)
-            ASSERT_EQ(by_copy[free], nullptr) << i;
+        ASSERT_EQ(std::count(by_copy, by_copy + copied, nullptr), copied - i - 1);
     }
-    EXPECT_EQ(figures, (std::vector<int>{10, 10, 12, 20, 22, 30}));
-    EXPECT_EQ(entries(by_copy), entries(by_move));
-    by_copy = c_growlist(by_copy, 40); // not above the length
-    by_copy = c_growlist(by_copy, 42);
+    EXPECT_EQ(figures, (std::vector{10, 10, 12, 20, 22, 30}));
+    EXPECT_EQ(joined(by_copy), joined(by_move));
+    by_copy = c_growlist(c_growlist(by_copy, 40), 42); // 40 is not above the length
     c_addlist(by_copy, "the last");
     EXPECT_STREQ(by_copy[40], "the last");
     EXPECT_EQ(by_copy[41], nullptr);
     c_freelist(by_copy);
     c_freelist(by_move);
-}
 
-TEST(Lists, TakeNullAndWrongFigures)
-{
     int figure = 2;
     char **list = c_addlistgrow(nullptr, "a", &figure);
-    EXPECT_EQ(figure, 4);
-    figure = -100;
+    EXPECT_EQ(std::exchange(figure, -100), 4);
     list = c_mvtolistgrow(list, c_mkstr("b"), &figure);
-    EXPECT_EQ(entries(list), (strings{"a", "b"}));
+    EXPECT_EQ(joined(list), "a/b/");
     EXPECT_EQ(c_mvtolistgrow(nullptr, nullptr, &figure), nullptr);
     c_addlist(nullptr, "x");
     c_mvtolist(nullptr, nullptr);
     c_freelist(nullptr);
-    EXPECT_EQ(c_listlen(nullptr), 0);
-    EXPECT_EQ(c_listlen(jmalloc_ptr<char *>(c_growlist(nullptr, 3)).get()), 0);
-
-    EXPECT_EQ(c_locinlist(list, "b"), 1);
-    EXPECT_EQ(c_locinlist(list, "B"), -1);
-    EXPECT_EQ(c_locinlistx(list, "B"), 1);
-    EXPECT_EQ(c_locinlistx(list, nullptr), -1);
-    EXPECT_EQ(c_isinlist(list, "a") * 10 + c_isinlistx(list, "A"), 11);
-    EXPECT_EQ(c_isinlist(nullptr, "a") + c_isinlistx(nullptr, "A"), 0);
+    EXPECT_EQ(c_listlen(nullptr) + c_listlen(jmalloc_ptr<char *>(c_growlist(nullptr, 3)).get()), 0);
+    EXPECT_EQ((std::vector{c_locinlist(list, "b"), c_locinlist(list, "B"), c_locinlistx(list, "B"),
+                           c_locinlistx(list, nullptr), c_isinlist(list, "a"), c_isinlist(list, "A"),
+                           c_isinlistx(list, "A"), c_isinlist(nullptr, "a"), c_isinlistx(nullptr, "A")}),
+              (std::vector{1, -1, 1, -1, 1, 0, 1, 0, 0}));
     c_freelist(list);
 }
 
-TEST(Strings, Compare)
+TEST(Strings, AreCopiedComparedAndSearched)
 {
+    const double d[] = {2.385, -1e300, 0.25};
+    const float f = 2.5F;
+    EXPECT_TRUE(std::equal(d, d + 3, jmalloc_ptr<double>(c_cpdary(d, 3)).get()));
+    EXPECT_STREQ(std::strcat(jmalloc_ptr<char>(c_cpstr("tansy-99")).get(), "s"), "tansy-99s"); // a spare byte
+    EXPECT_EQ((std::set<void *>{c_mkstr(nullptr), c_cpstr(nullptr), c_mkstrn(0), c_mkdary(-1), c_mkfary(0), c_mkiary(0),
+                                c_cpdary(nullptr, 3), c_cpfary(&f, 0), c_mklist(0), c_cpiary(nullptr, 1)}),
+              std::set<void *>{nullptr});
+
     using row = std::tuple<const char *, const char *, int>;
     for (const auto &[s, t, expected] :
          {row{"", "", 0}, row{"aBc", "AbC", 0}, row{"ab", "abc", -'C'}, row{"z", "A", 'Z' - 'A'},
           row{"_", "a", '_' - 'A'}, row{"\xe4", "\xc4", 0xe4 - 0xc4}, row{"a", "\xe4", 'A' - 0xe4}}) {
-        EXPECT_EQ(strcmpx(s, t), expected) << s << " " << t;
-        EXPECT_EQ(strcmpx(t, s), -expected);
-        EXPECT_EQ(strncmpx(s, t, 9), expected);
-        EXPECT_EQ(c_iseqx(s, t), expected == 0 ? 1 : 0);
-        EXPECT_EQ(c_iseq(s, t), std::strcmp(s, t) == 0 ? 1 : 0);
+        EXPECT_EQ((std::vector{strcmpx(s, t), strncmpx(s, t, 9), -strcmpx(t, s)}), std::vector(3, expected)) << s << t;
+        EXPECT_EQ(c_iseqx(s, t) * 10 + c_iseq(s, t), (expected == 0) * 10 + (std::strcmp(s, t) == 0)) << s << t;
     }
-    EXPECT_EQ(strncmpx("abX", "ABy", 2), 0);
-    EXPECT_EQ(strncmpx("abX", "ABy", 3), -1);
-    EXPECT_EQ(strncmpx("a", "b", 0), 0);
-    EXPECT_EQ(c_strcmpx(nullptr, nullptr), 1);
-    EXPECT_EQ(c_iseq(nullptr, nullptr) + c_iseqx("a", nullptr), 0);
-}
-
-TEST(Strings, AbbreviateKeywords)
-{
-    using row = std::tuple<const char *, const char *, int, int>;
-    for (const auto &[keyword, typed, exact, folded] :
-         {row{"LIS*T", "LIS", 1, 1}, row{"LIS*T", "LIST", 1, 1}, row{"LIS*T", "LI", 0, 0}, row{"LIS*T", "LISTS", 0, 0},
-          row{"LIS*T", "LOST", 0, 0}, row{"LIS*T", "list", 0, 1}, row{"LIS*T", "LIS*T", 0, 0}, row{"EXIT", "EX", 0, 0},
-          row{"EXIT", "EXIT", 1, 1}, row{"DEL*ETE", "DELE", 1, 1}, row{"DEL*ETE", "DE", 0, 0}, row{"*ALL", "", 1, 1},
-          row{"", "", 1, 1}, row{"A*B*C", "AB*c", 0, 1}, row{"A*B*C", "ABC", 0, 0}, row{"GO*", "GO", 1, 1},
-          row{nullptr, "", 0, 0}, row{"", nullptr, 0, 0}}) {
-        EXPECT_EQ(c_isabbr(keyword, typed, '*'), exact) << keyword << " " << typed;
-        EXPECT_EQ(c_isabbrx(keyword, typed, '*'), folded) << keyword << " " << typed;
-    }
-    EXPECT_EQ(c_isabbr("AB", "AB", '\0'), 1);
-}
-
-// The rules of the template, read literally.
-bool wild(const char *t, const char *s)
-{
-    if (*t == '\0' || *s == '\0')
-        return *t == *s;
-    if (*t != '*')
-        return (*t == '?' || *t == *s) && wild(t + 1, s + 1);
-    if (t[1] == '\0')
-        return true;
-    for (; *s != '\0'; ++s) {
-        if (wild(t + 1, s))
-            return true;
-    }
-    return false;
-}
-
-// All strings over the alphabet of up to so many characters.
-strings all_strings(const std::string &alphabet, std::size_t longest)
-{
-    strings all = {""};
-    for (std::size_t i = 0; i < all.size() && all[i].size() < longest; ++i) {
-        for (const char c : alphabet)
-            all.push_back(all[i] + c);
-    }
-    return all;
-}
-
-TEST(Strings, MatchTemplates)
-{
-    const strings texts = all_strings("ab", 6);
-    for (const std::string &t : all_strings("ab*?", 5)) {
-        for (const std::string &s : texts)
-            ASSERT_EQ(c_iswild(t.c_str(), s.c_str()), wild(t.c_str(), s.c_str()) ? 1 : 0) << t << " on " << s;
-    }
-    EXPECT_EQ(c_iswild("A*C", "AC") * 10 + c_iswild("A?C", "AXC"), 11);
-    EXPECT_EQ(c_iswild("A*", "A") + c_iswild("*", "") + c_iswild("ab", "AB"), 0);
-    EXPECT_EQ(c_iswildx("a*C?", "AbcD"), 1);
-    EXPECT_EQ(c_iswild(nullptr, "a") + c_iswildx("*", nullptr), 0);
-    std::string stars;
-    for (int i = 0; i < 200; ++i)
-        stars += "*a";
-    EXPECT_EQ(c_iswild((stars + "b").c_str(), std::string(5000, 'a').c_str()), 0); // and that in no time
-}
-
-TEST(Strings, AreSearched)
-{
-    using row = std::tuple<const char *, const char *, int>;
+    EXPECT_EQ((std::vector{strncmpx("abX", "ABy", 2), strncmpx("a", "b", 0), strncmpx("abX", "ABy", 3),
+                           c_strcmpx(nullptr, nullptr), c_iseq(nullptr, nullptr), c_iseqx("a", nullptr)}),
+              (std::vector{0, 0, -1, 1, 0, 0}));
     for (const auto &[text, part, at] : {row{"", "", 0}, row{"a", "", -1}, row{"", "a", -1}, row{"ab", "abc", -1},
                                          row{"aab", "ab", 1}, row{"abab", "ab", 0}, row{"abc", "C", -1}})
         EXPECT_EQ(strindx(text, part), at) << text << " " << part;
-
     std::string quoted = R"(a "b,c" d,"e)";
-    EXPECT_EQ(c_strchrq(quoted.data(), ','), quoted.data() + 9);
-    EXPECT_EQ(c_strchrq(quoted.data(), '"'), quoted.data() + 2);
-    EXPECT_EQ(c_strchrq(quoted.data(), 'e'), nullptr);
-    EXPECT_EQ(c_strchrq(quoted.data(), '\0'), nullptr);
+    for (const auto &[c, at] : {std::pair{',', 9}, {'"', 2}, {'e', -1}, {'\0', -1}})
+        EXPECT_EQ(c_strchrq(quoted.data(), c), at < 0 ? nullptr : quoted.data() + at) << c;
     EXPECT_EQ(c_strchrq(static_cast<const char *>(nullptr), 'a'), nullptr);
+}
+
+TEST(Strings, MatchKeywordsAndTemplates)
+{
+    using row = std::tuple<const char *, strings, strings, strings>; // matches, in the other case only, does not
+    const auto check = [](auto exact, auto folded, std::initializer_list<row> rows) {
+        for (const auto &[pattern, same, other_case, none] : rows)
+            for (const auto &[texts, expected] : {std::pair{&same, 11}, {&other_case, 1}, {&none, 0}})
+                for (const std::string &s : *texts)
+                    EXPECT_EQ(exact(pattern, s.c_str()) * 10 + folded(pattern, s.c_str()), expected) << pattern << s;
+    };
+    check([](const char *t, const char *s) { return c_isabbr(t, s, '*'); },
+          [](const char *t, const char *s) { return c_isabbrx(t, s, '*'); },
+          {row{"LIS*T", {"LIS", "LIST"}, {"list"}, {"LI", "LISTS", "LOST", "LIS*T", ""}},
+           row{"EXIT", {"EXIT"}, {"exit"}, {"EX"}}, row{"DEL*ETE", {"DELE"}, {"dele"}, {"DE"}},
+           row{"*ALL", {"", "A"}, {}, {"B"}}, row{"", {""}, {}, {"A"}}, row{"A*B*C", {"A", "AB*"}, {"AB*c"}, {"ABC"}},
+           row{"GO*", {"GO"}, {}, {"GOT"}}});
+    EXPECT_EQ(c_isabbr("AB", "AB", '\0') + c_isabbr(nullptr, "", '*') + c_isabbrx("", nullptr, '*'), 1);
+    std::string slow = "b"; // for a matcher that tries every star again
+    for (int i = 0; i < 200; ++i)
+        slow.insert(0, "*a");
+    check(c_iswild, c_iswildx,
+          {row{"A*C", {"AC", "ABCC"}, {"ac"}, {"ACB"}}, row{"A?C", {"AXC"}, {}, {"AC"}},
+           row{"A*", {"AB"}, {"ab"}, {"A", ""}}, row{"*", {"a"}, {}, {""}}, row{"?", {"a"}, {}, {"", "ab"}},
+           row{"", {""}, {}, {"a"}}, row{"a*C?", {}, {"AbcD"}, {"abC"}}, row{"*ab", {"aaab"}, {}, {"aba", "ab?"}},
+           row{"*a*b?", {"acabc"}, {}, {"acbab"}}, row{"**", {"a"}, {}, {""}}, row{"ab?", {}, {}, {"ab"}},
+           row{slow.c_str(), {}, {}, {std::string(5000, 'a')}}});
+    EXPECT_EQ(c_iswild(nullptr, "a") + c_iswildx("*", nullptr), 0);
+}
+
+template <char *(*edit)(char *)>
+char *plain(char *s, int /*n*/)
+{
+    return edit(s);
 }
 
 TEST(Strings, AreEditedWithinTheirPlace)
 {
-    struct row {
-        const char *before;
-        int size;
-        std::function<char *(char *)> edit;
-        const char *after;
-    };
-    const row rows[] = {
-        {"old", 4, [](char *s) { return c_strncpy(s, "abcd", 4); }, "abc"},
-        {"old", 4, [](char *s) { return c_strncpy(s, "abcd", 1); }, ""},
-        {"old", 4, [](char *s) { return c_strncpy(s, "abcd", 0); }, "old"},
-        {"old", 4, [](char *s) { return c_strncpy(s, nullptr, 4); }, ""},
-        {"old", 9, [](char *s) { return strlimcpy(s, "abcd", 9); }, "abcd"},
-        {"old", 4, [](char *s) { return strlimcpy(s, "abcd", -1); }, "old"},
-        {"ab", 5, [](char *s) { return c_strncat(s, "cdef", 5); }, "abcd"},
-        {"ab", 3, [](char *s) { return c_strncat(s, "cdef", 3); }, "ab"},
-        {"abc", 4, [](char *s) { return c_strncat(s, "cdef", 2); }, "abc"},
-        {"ab", 5, [](char *s) { return c_strncat(s, nullptr, 5); }, "ab"},
-        {"ab", 5, [](char *s) { return c_extendstr(s, 4); }, "ab  "},
-        {"abc", 4, [](char *s) { return extendstr(s, 2); }, "abc"},
-        {"ab", 6, [](char *s) { return c_setstrlen(s, 5); }, "ab   "},
-        {"ab", 3, [](char *s) { return c_setstrlen(s, 2); }, "ab"},
-        {"abc", 4, [](char *s) { return c_setstrlen(s, 0); }, ""},
-        {"abc", 4, [](char *s) { return c_setstrlen(s, -1); }, "abc"},
-        {" \t\na b\r\n ", 10, c_ridedgews, "a b\r"},
-        {" \n", 3, c_ridedgews, ""},
-        {"\t a ", 5, c_ridstartws, "a "},
-        {" a \n", 5, c_ridendws, " a"},
-        {"az{\xe4", 5, c_strupcase, "AZ{\xe4"},
-        {"AZ[\xc4", 5, c_strlowcase, "az[\xc4"},
-        {"AZ[", 4, strlwrx, "az["},
-        {"a\tb\n\tc\1\t\x7f.", 40, [](char *s) { return c_ridtab(s, 40); }, "a       b\n        c\1       \x7f."},
-        {"12345678\t9", 40, [](char *s) { return c_ridtab(s, 40); }, "12345678        9"},
-        {"a\tb", 5, [](char *s) { return c_ridtab(s, 5); }, "a   "},
-        {"abcdef", 7, [](char *s) { return c_ridtab(s, 3); }, "abcdef"},
-        {"\t", 2, [](char *s) { return c_ridtab(s, 0); }, "\t"},
-        {"abcd", 8, [](char *s) { return static_cast<char *>(xmove(s + 2, s, 5)) - 2; }, "ababcd"},
-        {"abcd", 5, [](char *s) { return static_cast<char *>(xmove(s, s + 1, 4)); }, "bcd"},
-        {"abcd", 5, [](char *s) { return static_cast<char *>(xmove(s, s + 1, -4)); }, "abcd"},
-    };
-    for (const row &r : rows) {
-        const buffer place(r.before, r.size);
-        EXPECT_EQ(r.edit(place), place) << "row " << &r - rows;
-        EXPECT_STREQ(place, r.after) << "row " << &r - rows;
+    constexpr auto copy = [](char *s, int n) { return c_strncpy(s, "abcd", n); };
+    constexpr auto append = [](char *s, int n) { return c_strncat(s, "cdef", n); };
+    using row = std::tuple<const char *, int, char *(*) (char *, int), int, const char *>;
+    for (const auto &[text, size, edit, n, after] :
+         {row{"old", 4, copy, 4, "abc"}, row{"old", 4, copy, 1, ""}, row{"old", 4, copy, 0, "old"},
+          row{"ab", 5, append, 5, "abcd"}, row{"abc", 4, append, 2, "abc"}, row{"ab", 5, c_extendstr, 4, "ab  "},
+          row{"abc", 4, c_extendstr, 2, "abc"}, row{"ab", 6, c_setstrlen, 5, "ab   "}, row{"ab", 3, c_setstrlen, 0, ""},
+          row{"abc", 4, c_setstrlen, -1, "abc"}, row{" \t\na b\r\n ", 10, plain<c_ridedgews>, 0, "a b\r"},
+          row{" \n", 3, plain<c_ridedgews>, 0, ""}, row{" a \n", 5, plain<c_ridendws>, 0, " a"},
+          row{"`az{\xe4", 6, plain<c_strupcase>, 0, "`AZ{\xe4"}, row{"@AZ[\xc4", 6, plain<c_strlowcase>, 0, "@az[\xc4"},
+          row{"12345678\tb\n\tc\1\t\x7f.", 40, c_ridtab, 40, "12345678        b\n        c\1       \x7f."},
+          row{"a\tb", 5, c_ridtab, 5, "a   "}, row{"abcdef", 7, c_ridtab, 3, "abcdef"},
+          row{"\t", 2, c_ridtab, 0, "\t"}}) {
+        const jmalloc_ptr<char> place(c_strncpy(c_mkstrn(size), text, size)); // nothing may be written behind it
+        EXPECT_EQ(edit(place.get(), n), place.get());
+        EXPECT_STREQ(place.get(), after) << text << " " << n;
+        EXPECT_EQ(edit(nullptr, n), nullptr) << text;
     }
-    for (char *(*edit)(char *) : {c_strupcase, c_strlowcase, c_ridstartws, c_ridendws, c_ridedgews})
-        EXPECT_EQ(edit(nullptr), nullptr);
-    for (char *(*edit)(char *, int) : {c_extendstr, c_setstrlen, c_ridtab})
-        EXPECT_EQ(edit(nullptr, 3), nullptr);
-    EXPECT_EQ(c_strncpy(nullptr, "a", 2), nullptr);
-    EXPECT_EQ(c_strncat(nullptr, "a", 2), nullptr);
-}
-
-// In a block of the given capacity when that is enough.
-char *exact_copy(const char *text, int size)
-{
-    if (text == nullptr)
-        return nullptr;
-    const int least = static_cast<int>(std::strlen(text)) + 1;
-    return c_strncpy(c_mkstrn(std::max(least, size)), text, least);
+    char place[8] = "abcd";
+    EXPECT_STREQ(static_cast<char *>(xmove(place + 2, place, 5)), "abcd");
+    EXPECT_STREQ(static_cast<char *>(xmove(place, place + 1, 5)), "babcdd");
+    EXPECT_STREQ(static_cast<char *>(xmove(place, place + 1, -4)), "babcdd");
+    EXPECT_STREQ(c_strncat(strlimcpy(place, "AZ[", -1), nullptr, 8), "babcdd");
+    EXPECT_STREQ(strlwrx(strlimcpy(place, "AZ[", 8)), "az[");
+    EXPECT_STREQ(c_strncpy(place, nullptr, 8), "");
 }
 
 TEST(Strings, GrowWhenAppendedTo)
@@ -267,7 +164,8 @@ TEST(Strings, GrowWhenAppendedTo)
           row{"ab", nullptr, 4, "ab", 4}, row{nullptr, "cd", 0, "cd", 3}, row{nullptr, "cd", 50, "cd", 50},
           row{nullptr, nullptr, 0, "", 20}, row{nullptr, nullptr, 6, "", 6}}) {
         int figure = before;
-        const jmalloc_ptr<char> s(c_strcatgrow(exact_copy(s1, before), s2, &figure));
+        char *start = s1 != nullptr ? c_strncpy(c_mkstrn(std::max(before, 3)), s1, 3) : nullptr;
+        const jmalloc_ptr<char> s(c_strcatgrow(start, s2, &figure));
         EXPECT_STREQ(s.get(), result);
         EXPECT_EQ(figure, after) << result;
         s.get()[figure - 1] = '\0';
@@ -276,98 +174,58 @@ TEST(Strings, GrowWhenAppendedTo)
 
 TEST(Words, AreSplitOutsideQuotes)
 {
-    struct row {
-        const char *text;
-        strings words;
-        std::string left; // of the text, with | for NUL
-    };
-    const row rows[] = {
-        {R"(a "b c" d)", {"a", R"("b c")", "d"}, R"(a|"b c"|d)"},
-        {"", {}, ""},
-        {" \t\n", {}, " \t\n"},
-        {"  one \n two\r", {"one", "two\r"}, "  one|\n two\r"},
-        {R"(x"1 2"y"3 4)", {R"(x"1 2"y"3 4)"}, R"(x"1 2"y"3 4)"},
-        {R"("" " )", {R"("")", R"(" )"}, R"(""|" )"},
-    };
-    for (const row &r : rows) {
-        std::string text = r.text;
+    using row = std::tuple<const char *, const char *, const char *, int>; // text, words, text after with | for NUL
+    for (const auto &[before, words, after, capacity] :
+         {row{R"(a "b c" d)", R"(a/"b c"/d/)", R"(a|"b c"|d)", 10}, row{"", "", "", 10}, row{" \t\n", "", " \t\n", 10},
+          row{"  one \n two\r", "one/two\r/", "  one|\n two\r", 10},
+          row{R"(x"1 2"y"3 4)", R"(x"1 2"y"3 4/)", R"(x"1 2"y"3 4)", 10}, row{R"("" " )", R"(""/" /)", R"(""|" )", 10},
+          row{"1 2 3 4 5 6 7 8", "1/2/3/4/5/6/7/8/", "1|2|3|4|5|6|7|8", 10},
+          row{"1 2 3 4 5 6 7 8 9", "1/2/3/4/5/6/7/8/9/", "1|2|3|4|5|6|7|8|9", 12},
+          row{"1 2 3 4 5 6 7 8 9 A B", "1/2/3/4/5/6/7/8/9/A/B/", "1|2|3|4|5|6|7|8|9|A|B", 14}}) {
+        std::string text = before;
         char **list = c_words(text.data());
-        EXPECT_EQ(entries(list), r.words) << r.text;
+        EXPECT_EQ(joined(list), words);
+        EXPECT_EQ(std::count(list, list + capacity, nullptr), capacity - c_listlen(list));
         std::replace(text.begin(), text.end(), '\0', '|');
-        EXPECT_EQ(text, r.left);
+        EXPECT_EQ(text, after);
         c_freelist(list);
-
         const allocator_watch watch;
-        char **untouched = c_words_new(r.text);
-        EXPECT_EQ(entries(untouched), r.words) << r.text;
-        c_freelist(untouched);
-        EXPECT_EQ(watch.live(), r.words.size()); // the second copies stay
-    }
-    for (char **list : {c_words(nullptr), c_words_new(nullptr)}) {
-        EXPECT_EQ(entries(list), strings{});
+        list = c_words_new(before);
+        EXPECT_EQ(joined(list), words);
         c_freelist(list);
+        EXPECT_EQ(watch.live(), std::count(words, words + std::strlen(words), '/')); // the second copies stay
     }
+    for (char **list : {c_words(nullptr), c_words_new(nullptr)})
+        EXPECT_EQ(jmalloc_ptr<char *>(list).get()[0], nullptr);
 }
 
-TEST(Words, LeaveTheCapacityThatAppendingWould)
+TEST(Numbers, AreWrittenTheSameInEveryLocaleAndRounded)
 {
-    int figure = 10;
-    char **grown = c_mklist(figure);
-    for (std::string text = "w"; text.size() < 60; text += " w") {
-        grown = c_addlistgrow(grown, "w", &figure);
-        char **list = c_words(std::string(text).data());
-        EXPECT_EQ(std::count(list, list + figure, nullptr), figure - c_listlen(grown)) << text;
-        c_freelist(list);
+    using row = std::pair<double, const char *>;                // with 12 or 14 decimals, with 5 or 6
+    for (const char *locale : {"German", "de_DE.UTF-8", "C"}) { // where the system has none of a name, the last again
+        std::setlocale(LC_ALL, locale);
+        for (const auto &[value, texts] :
+             {row{0, "0.0 0.0"}, row{-0.0, "0.0 0.0"}, row{12.5, "12.5 12.5"}, row{-3, "-3.0 -3.0"},
+              row{100, "100.0 100.0"}, row{2.0 / 3, "0.666666666667 0.66667"}, row{1e6, "1000000.0 1000000.0"},
+              row{-1000000.5, "-1.0000005e+06 -1.0e+06"}, row{1e-6, "0.000001 0.0"}, row{-2e-6, "-0.000002 -0.0"},
+              row{9.99e-7, "9.99e-07 9.99e-07"}, row{1e100, "1.0e+100 1.0e+100"},
+              row{-1.0 / 3 * 1e-120, "-3.33333333333333e-121 -3.333333e-121"},
+              row{5e-324, "4.94065645841247e-324 4.940656e-324"}, row{HUGE_VAL, "inf inf"}, row{-HUGE_VAL, "-inf -inf"},
+              row{-std::nan(""), "nan nan"}})
+            EXPECT_EQ(std::string(c_sfmtd(value)) + " " + c_sfmtf(value), texts) << locale;
     }
-    c_freelist(grown);
-}
-
-TEST(Numbers, AreWrittenTheSameInEveryLocale)
-{
-    const double inf = std::numeric_limits<double>::infinity();
-    using row = std::tuple<double, const char *, const char *>;
-    for (const char *locale : {"C", "de_DE.UTF-8", "German"}) { // those that the system has
-        if (std::setlocale(LC_ALL, locale) == nullptr)
-            continue;
-        for (const auto &[value, as_double, as_float] :
-             {row{0, "0.0", "0.0"}, row{-0.0, "0.0", "0.0"}, row{12.5, "12.5", "12.5"}, row{-3, "-3.0", "-3.0"},
-              row{100, "100.0", "100.0"}, row{2.0 / 3, "0.666666666667", "0.66667"}, row{1e6, "1000000.0", "1000000.0"},
-              row{-1000000.5, "-1.0000005e+06", "-1.0e+06"}, row{1e-6, "0.000001", "0.0"},
-              row{-2e-6, "-0.000002", "-0.0"}, row{9.99e-7, "9.99e-07", "9.99e-07"}, row{1e100, "1.0e+100", "1.0e+100"},
-              row{-1.0 / 3 * 1e-120, "-3.33333333333333e-121", "-3.333333e-121"},
-              row{5e-324, "4.94065645841247e-324", "4.940656e-324"}, row{inf, "inf", "inf"}, row{-inf, "-inf", "-inf"},
-              row{-std::nan(""), "nan", "nan"}}) {
-            EXPECT_STREQ(c_sfmtd(value), as_double) << locale;
-            EXPECT_STREQ(c_sfmtf(value), as_float) << locale;
-        }
-    }
-    std::setlocale(LC_ALL, "C");
-    EXPECT_STREQ(c_sfmti(INT_MIN), "-2147483648");
-}
-
-TEST(Numbers, StayForTenCallsEach)
-{
     comutil_reset();
-    const std::vector<const char *> ints = {c_sfmti(1), c_sfmti(2), c_sfmti(3), c_sfmti(4), c_sfmti(5),
-                                            c_sfmti(6), c_sfmti(7), c_sfmti(8), c_sfmti(9), c_sfmti(10)};
-    EXPECT_GT(ints[0], ints[9]); // the first result lies in the second buffer
-    EXPECT_STREQ(ints[0], "1");
-    c_sfmtd(1.5);
-    c_sfmtf(1.5);
-    EXPECT_STREQ(ints[0], "1");
-    EXPECT_EQ(c_sfmti(11), ints[0]);
-    EXPECT_STREQ(ints[0], "11");
-    EXPECT_STREQ(ints[1], "2");
-}
-
-TEST(Rounding, GoesAwayFromZeroAtHalves)
-{
-    const double inf = std::numeric_limits<double>::infinity();
-    using row = std::tuple<double, int>;
-    for (const auto &[x, expected] :
-         {row{0, 0}, row{0.49, 0}, row{0.5, 1}, row{-0.5, -1}, row{2.5, 3}, row{-2.5, -3}, row{-2.4, -2},
-          row{2147483646.5, INT_MAX}, row{1e12, INT_MAX}, row{-inf, INT_MIN}, row{std::nan(""), 0}})
-        EXPECT_EQ(bestint(x), expected) << x;
+    const char *results[10];
+    std::generate(results, results + 10, [i = INT_MIN]() mutable { return c_sfmti(i++); });
+    EXPECT_GT(results[0], results[9]); // the first result lies in the second buffer
+    EXPECT_EQ(std::string(results[0]) + c_sfmtd(1.5) + c_sfmtf(2.5) + results[0], "-21474836481.52.5-2147483648");
+    EXPECT_EQ(c_sfmti(11), results[0]);
+    EXPECT_EQ(std::string(results[0]) + results[1], "11-2147483647");
+    using round = std::pair<double, int>;
+    for (const auto &[x, n] :
+         {round{0, 0}, round{0.49, 0}, round{0.5, 1}, round{-0.5, -1}, round{2.5, 3}, round{-2.5, -3}, round{-2.4, -2},
+          round{2147483646.5, INT_MAX}, round{1e12, INT_MAX}, round{-HUGE_VAL, INT_MIN}, round{std::nan(""), 0}})
+        EXPECT_EQ(bestint(x), n) << x;
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 // What tests need of the process around them.
-#ifndef SUPPORT_PROCESS_H
-#define SUPPORT_PROCESS_H
+#pragma once
 
 #include <gtest/gtest.h>
 
@@ -27,11 +26,4 @@ inline void set_environment(const char *name, const char *value)
 // The statement must end the process with the status and a message on standard output or error that matches the
 // pattern; death tests look at standard error only.
 #define EXPECT_ENDS(statement, status, pattern)                                                                        \
-    EXPECT_EXIT(                                                                                                       \
-        {                                                                                                              \
-            dup2(2, 1);                                                                                                \
-            statement;                                                                                                 \
-        },                                                                                                             \
-        testing::ExitedWithCode(status), pattern)
-
-#endif
+    EXPECT_EXIT((dup2(2, 1), statement), testing::ExitedWithCode(status), pattern)

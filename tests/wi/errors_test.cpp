@@ -40,9 +40,11 @@ struct numbered {
 
 void expect_numbers(const std::string &module, wi_obj *wrong, const std::vector<numbered> &operations)
 {
-    for (const auto &[first, call] : operations) {
-        EXPECT_EQ(exit_message([&] { call(nullptr); }), "PE " + std::to_string(first) + ", " + module + ": bad arg.");
-        EXPECT_EQ(exit_message([&] { call(wrong); }), "PE " + std::to_string(first + 1) + ", " + module + ": bad arg.");
+    for (const numbered &o : operations) {
+        EXPECT_EQ(exit_message([&] { o.call(nullptr); }),
+                  "PE " + std::to_string(o.first) + ", " + module + ": bad arg.");
+        EXPECT_EQ(exit_message([&] { o.call(wrong); }),
+                  "PE " + std::to_string(o.first + 1) + ", " + module + ": bad arg.");
     }
 }
 

@@ -88,13 +88,23 @@ void installer_process::type_location(const std::wstring &location) const
 
 void installer_process::press(const wchar_t *caption) const
 {
-    send(button(caption), BM_CLICK, 0, 0);
+    HWND pressed = button(caption);
+    send(GetParent(pressed), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(pressed), BN_CLICKED),
+         reinterpret_cast<LPARAM>(pressed));
 }
 
 void installer_process::click(const wchar_t *caption) const
 {
     PostMessageW(button(caption), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
     PostMessageW(button(caption), WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+}
+
+void installer_process::click_to_end(const wchar_t *caption) const
+{
+    wait_until([&] {
+        click(caption);
+        return WaitForSingleObject(process.hProcess, 1000) == WAIT_OBJECT_0;
+    });
 }
 
 bool installer_process::wait_for_message() const

@@ -21,10 +21,12 @@ public:
     void set_location(const std::wstring &location) const;  // as one text
     void type_location(const std::wstring &location) const; // key by key, in place of what is there
 
-    // Presses the button of that caption and returns when the program has done what follows.
+    // Tells the program that the button of that caption was pressed, and returns when it has done what follows.
     void press(const wchar_t *caption) const;
-    // The same, with the mouse's messages, and without waiting for what follows.
+    // Clicks the button with the mouse, and does not wait for what follows.
     void click(const wchar_t *caption) const;
+    // Clicks until the program ends: a click is lost when a console takes the focus in the middle of it.
+    void click_to_end(const wchar_t *caption) const;
 
     bool has_message() const { return popup() != nullptr; }
     bool wait_for_message() const;

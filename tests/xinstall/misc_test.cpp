@@ -219,6 +219,9 @@ TEST_F(BatchInstall, TellsAboutMissingAndOversizedFilesAndGoesOn)
         EXPECT_EQ(disk.commands.size(), 6U);
         disk.commands.clear();
     }
+    disk.files.clear();
+    EXPECT_EQ(install("C:\\x", "C:\\x"), 1);
+    EXPECT_EQ(take_messages(), (strings{cannot_read(bat), cannot_read(bat), cannot_read(env), cannot_read(env)}));
     // A location that holds the token grows the text up to the limit.
     disk.files = sources;
     const std::string growing = "C:\\" + std::string(200, 'd') + "default_location";

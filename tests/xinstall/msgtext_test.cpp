@@ -27,6 +27,7 @@ TEST(MessageText, WrapsAppendsAndIsCutAtTheEndOfTheBuffer)
         {{x(60)}, x(60), 0},
         {{x(50) + " " + x(9)}, x(50) + "\n" + x(9), 1},
         {{x(49) + " " + x(9)}, x(49) + "\n" + x(9), 1},
+        {{x(50) + " " + x(9) + " y"}, x(50) + "\n" + x(9) + " y", 1},
         {{x(48) + " " + x(9) + " y"}, x(48) + " " + x(9) + "\ny", 1},
         {{x(60) + "\n" + x(49) + " y"}, x(60) + "\n" + x(49) + "\ny", 2},
         {{"a\nb " + x(46) + " y"}, "a\nb " + x(46) + "\ny", 1}, // an early line feed is like any other character

@@ -1,0 +1,180 @@
+#include "dovsys/dovsys.h"
+#include "dovsys/internal.h"
+#include "support/process.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <tuple>
+
+namespace {
+
+namespace fs = std::filesystem;
+using names = std::set<std::string>;
+
+const std::string separator(1, static_cast<char>(fs::path::preferred_separator));
+const bool slash = separator == "/"; // a second one besides the backslash, and not the other system's limits
+
+std::string here(const std::string &name)
+{
+    return fs::current_path().string() + separator + name;
+}
+
+// An own working directory, with a few entries.
+class Directory : public testing::Test {
+protected:
+    Directory()
+    {
+        fs::remove_all(place_);
+        fs::create_directories(place_ / "sub.d");
+        fs::current_path(place_);
+        for (const char *name : {"a.jrl", "b.jrl", "c.dat", "plain", "data[1].iq", ".dot", "sub.d/in.jrl"})
+            std::ofstream(name) << name;
+    }
+
+    ~Directory() override
+    {
+        rddir_reset();
+        fs::current_path(fs::temp_directory_path());
+        fs::remove_all(place_);
+    }
+
+    // The names without what they all begin with.
+    static names listing(const std::string &mask, const std::string &front = here(""))
+    {
+        names found;
+        rddir_init(mask.c_str());
+        while (const char *file = rddir(mask.c_str()))
+            EXPECT_TRUE(std::string(file).starts_with(front) && found.insert(file + front.size()).second) << file;
+        EXPECT_EQ(rddir(mask.c_str()), nullptr) << "after the end";
+        return found;
+    }
+
+    const fs::path place_ = fs::temp_directory_path() / "dovsys_test_directory";
+};
+
+TEST_F(Directory, ListsAllThatMatchesAndFits)
+{
+    const names all = {"a.jrl", "b.jrl", "c.dat", "plain", "data[1].iq", ".dot", "sub.d", ".", ".."};
+    using row = std::pair<std::string, names>;
+    for (const auto &[mask, found] :
+         {row{"*", all}, row{"*.*", all}, row{"*.jrl", {"a.jrl", "b.jrl"}}, row{"?.jrl", {"a.jrl", "b.jrl"}},
+          row{"plain.*", {"plain"}}, row{"plain*", {"plain"}}, row{"data[1]*", {"data[1].iq"}}, row{"[ab].jrl", {}},
+          row{"sub.d", {"sub.d"}}, row{"*.none", {}}, row{"none\\*", {}}, row{"", {}},
+          row{std::string(300, 'm') + "*", {}}})
+        EXPECT_EQ(listing(mask), found) << mask;
+    for (const std::string &front : {std::string("sub.d\\"), here("sub.d") + separator})
+        EXPECT_EQ(listing(front + "*.jrl", front), names{"in.jrl"});
+#ifndef _WIN32 // where the system itself sets the bound
+    const std::string fits(259 - here("").size(), 'f');
+    std::ofstream(fits) << 1;
+    EXPECT_EQ(listing("f*"), names{fits});
+    fs::rename(fits, fits + "f");
+    EXPECT_EQ(listing("f*"), names{});
+#endif
+    rddir_reset();
+    EXPECT_EQ(rddir(nullptr), nullptr);
+    EXPECT_EQ(rddir("none.*"), nullptr);
+    const char *first = rddir("a.*");
+    EXPECT_EQ(std::string(first), here("a.jrl"));
+    for (const char *other : {"A", "\xff", "", static_cast<const char *>(nullptr)})
+        rddir_free(other);
+    EXPECT_EQ(rddir("*"), nullptr) << "the listing goes on with its own mask";
+    EXPECT_STREQ(rddir_init("*.jrl"), "*.jrl");
+    EXPECT_NE(rddir("*.jrl"), nullptr);
+    rddir_init("b.*"); // leaves the listing in the middle
+    EXPECT_EQ(rddir("b.*"), first);
+    EXPECT_EQ(std::string(first), here("b.jrl"));
+}
+
+TEST_F(Directory, TellsFilesFromDirectories)
+{
+    EXPECT_EQ(dovsys_mkdir("made"), 0);
+    EXPECT_EQ(dovsys_mkdir("made\\inside"), 0);
+    for (const char *impossible : {"made", "none\\inside", static_cast<const char *>(nullptr)})
+        EXPECT_EQ(dovsys_mkdir(impossible), -1) << impossible;
+    const std::string endless(70000, 'e');
+    using row = std::pair<const char *, int>; // 10 for a file, 1 for a directory
+    for (const auto &[path, is] : {row{"plain", 10}, row{"sub.d", 1}, row{".", 1}, row{"none", 0}, row{"", 0},
+                                   row{"sub.d\\in.jrl", 10}, row{"sub.d/in.jrl", 10}, row{"plain\\x", 0},
+                                   row{nullptr, 0}, row{endless.c_str(), 0}, row{"made\\inside", 1}})
+        EXPECT_EQ(dovsys_is_file(path) * 10 + dovsys_is_directory(path), is) << path;
+}
+
+TEST(Paths, AreSplitAtTheLastSeparator)
+{
+    using row = std::pair<const char *, const char *>; // with * between the parts
+    for (const auto &[whole, parts] :
+         {row{"c:\\a\\b.txt", "c:\\a\\*b.txt"}, row{"b.txt", "*b.txt"}, row{"a\\", "a\\*"}, row{"\\b", "\\*b"},
+          row{"", "*"}, row{" a \\ b\n", "a \\*b"}, row{"a\\b/c", slash ? "a\\b/*c" : "a\\*b/c"}}) {
+        std::string path = whole;
+        std::string name = whole;
+        splitit(path.c_str(), path.data(), name.data());
+        EXPECT_EQ(std::string(path.c_str()) + "*" + name.c_str(), parts);
+    }
+}
+
+TEST(Logicals, AreReadFromTheEnvironment)
+{
+    const std::string name(511, 'N');
+    set_environment(name.c_str(), "long name");
+    set_environment("DOVSYS_X", "plain");
+    set_environment("DOVSYS_T_DOVSYS_X", "of the table");
+    const char *value = get_logical("DOVSYS_X", nullptr);
+    EXPECT_STREQ(value, "plain");
+    EXPECT_EQ(get_logical("DOVSYS_X", "DOVSYS_T"), value);
+    const std::string longer = name + "N";
+    using row = std::pair<const char *, const char *>;
+    for (const auto &[logical, table] :
+         {row{"DOVSYS_UNDEFINED", nullptr}, row{"X", "DOVSYS_UNDEFINED"}, row{nullptr, "DOVSYS_X"}, row{"", nullptr},
+          row{name.c_str(), "T"}, row{longer.c_str(), nullptr}})
+        EXPECT_EQ(get_logical(logical, table), nullptr) << logical;
+    EXPECT_STREQ(value, "of the table");
+    EXPECT_STREQ(get_logical(name.c_str(), nullptr), "long name");
+    set_environment("DOVSYS_X", std::string(256, 'v').c_str());
+    EXPECT_EQ(std::string(get_logical("DOVSYS_X", nullptr)), std::string(255, 'v'));
+    set_environment("DOVSYS_X", "");
+    EXPECT_STREQ(get_logical("DOVSYS_X", nullptr), slash ? "" : nullptr); // where it cannot be set
+}
+
+TEST(Logicals, AreTranslatedForFortran)
+{
+    set_environment("DOVSYS_X", "0123456789");
+    const std::string too_long(600, 'x');
+    using row = std::tuple<std::string, int, int, std::string>; // | for NUL, and what lies behind stays
+    for (const auto &[name, loglen, equlen, expected] :
+         {row{"DOVSYS_Xyz", 8, 8, "0123456|...."}, row{"DOVSYS_X", 8, 11, "0123456789|."},
+          row{"DOVSYS_X", 8, 12, "0123456789 |"}, row{"DOVSYS_X", 8, 1, "|..........."},
+          row{"DOVSYS_X", 8, 0, "............"}, row{"DOVSYS_X", 7, 5, "    |......."},
+          row{"DOVSYS_X  ", 10, 5, "    |......."}, row{"DOVSYS_X", -1, 4, "   |........"},
+          row{too_long, 600, 4, "   |........"}}) {
+        std::string equivalent(12, '.');
+        transl_(name.c_str(), equivalent.data(), loglen, equlen);
+        std::replace(equivalent.begin(), equivalent.end(), '\0', '|');
+        EXPECT_EQ(equivalent, expected) << name << " " << equlen;
+    }
+}
+
+TEST(Logicals, GiveTheHomeDirectoryOnce)
+{
+    const auto home = [](const char *value) {
+        set_environment("HOME", value);
+        return std::string(dovsys_homedir());
+    };
+    const std::string longest(58, 'h');
+    using row = std::pair<const char *, std::string>;
+    for (const auto &[value, expected] :
+         {row{"C:\\users\\x", "C:\\users\\x\\"}, row{"C:\\users\\x\\", "C:\\users\\x\\"},
+          row{"/home/x", "/home/x" + separator}, row{longest.c_str(), longest + separator}, row{nullptr, ""}}) {
+        logicals_reset();
+        EXPECT_EQ(home(value), expected);
+        EXPECT_EQ(home("C:\\later"), expected);
+    }
+    logicals_reset();
+    for (const std::size_t length : {59U, 300U})
+        EXPECT_ENDS(home(std::string(length, 'h').c_str()), 1,
+                    "Problem in homedir\\(\\), in dovsys library\\.\\.\\.: ");
+}
+
+} // namespace
