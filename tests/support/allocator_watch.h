@@ -26,9 +26,6 @@ public:
             standard.free(block);
     }
 
-    allocator_watch(const allocator_watch &) = delete;
-    allocator_watch &operator=(const allocator_watch &) = delete;
-
     std::size_t live() const { return blocks.size(); }
 
 private:
