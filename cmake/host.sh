@@ -116,7 +116,10 @@ wine_up() {
     echo 'Xft.dpi: 96' >"$XENVIRONMENT"
     [ -n "${DISPLAY:-}" ] || virtual_display
     make_prefix
-    taskset -c "$WI_WINE_CPU" wineserver -p 2>/dev/null 8>&- || true # fails when it runs already
+    # Wine's own processes are started here and outlive the programs, one of which would otherwise start them with its
+    # own output, so that whoever reads that never sees it end. cmd waits for its input, the desktop for cmd.
+    exec 6> >(exec taskset -c "$WI_WINE_CPU" wine cmd >/dev/null 2>&1 8>&-)
+    taskset -c "$WI_WINE_CPU" wine rundll32 user32.dll,MessageBeep </dev/null >/dev/null 2>&1 8>&- || true
     flock -s 8
 }
 

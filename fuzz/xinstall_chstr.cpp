@@ -13,7 +13,7 @@ std::string take(std::string_view &bytes, std::size_t n)
 {
     const std::string taken(bytes.substr(0, n));
     bytes.remove_prefix(taken.size());
-    return taken.c_str(); // as a C string, which ends at a NUL
+    return taken.c_str(); // NOLINT(readability-redundant-string-cstr): a C string ends at its first NUL
 }
 
 std::string as_read(std::string text)

@@ -3,10 +3,9 @@
 #include "support/process.h"
 
 #include <algorithm>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <set>
-#include <tuple>
 
 namespace {
 
@@ -16,43 +15,23 @@ using names = std::set<std::string>;
 const std::string separator(1, static_cast<char>(fs::path::preferred_separator));
 const bool slash = separator == "/"; // a second one besides the backslash, and not the other system's limits
 
-// An own working directory, with a few entries.
-class Directory : public testing::Test {
-protected:
-    Directory()
-    {
-        fs::remove_all(place_);
-        fs::create_directories(place_ / "sub.d");
-        fs::current_path(place_);
-        for (const char *name : {"a.jrl", "b.jrl", "c.dat", "plain", "data[1].iq", ".dot", "sub.d/in.jrl"})
-            std::ofstream(name) << name;
-    }
-
-    ~Directory() override
-    {
-        rddir_reset();
-        fs::current_path(fs::temp_directory_path());
-        fs::remove_all(place_);
-    }
-
-    static std::string here() { return fs::current_path().string() + separator; }
-
-    // The names without what they all begin with.
-    static names listing(const std::string &mask, const std::string &front = here())
-    {
+TEST(Directories, AreListedMadeAndToldFromFiles)
+{
+    const fs::path place = fs::temp_directory_path() / "dovsys_test_directory";
+    fs::remove_all(place);
+    fs::create_directories(place / "sub.d");
+    fs::current_path(place);
+    for (const char *name : {"a.jrl", "b.jrl", "c.dat", "plain", "data[1].iq", ".dot", "sub.d/in.jrl"})
+        std::ofstream(name) << name;
+    const std::string here = fs::current_path().string() + separator;
+    const auto listing = [](const std::string &mask, const std::string &front) { // the names without what is in front
         names found;
         rddir_init(mask.c_str());
         while (const char *file = rddir(mask.c_str()))
             EXPECT_TRUE(std::string(file).starts_with(front) && found.insert(file + front.size()).second) << file;
         EXPECT_EQ(rddir(mask.c_str()), nullptr) << "after the end";
         return found;
-    }
-
-    const fs::path place_ = fs::temp_directory_path() / "dovsys_test_directory";
-};
-
-TEST_F(Directory, ListsAllThatMatchesAndFits)
-{
+    };
     const names all = {"a.jrl", "b.jrl", "c.dat", "plain", "data[1].iq", ".dot", "sub.d", ".", ".."};
     using row = std::pair<std::string, names>;
     for (const auto &[mask, found] :
@@ -60,21 +39,21 @@ TEST_F(Directory, ListsAllThatMatchesAndFits)
           row{"plain.*", {"plain"}}, row{"plain*", {"plain"}}, row{"data[1]*", {"data[1].iq"}}, row{"[ab].jrl", {}},
           row{"sub.d", {"sub.d"}}, row{"*.none", {}}, row{"none\\*", {}}, row{"", {}},
           row{std::string(300, 'm') + "*", {}}})
-        EXPECT_EQ(listing(mask), found) << mask;
-    for (const std::string &front : {std::string("sub.d\\"), here() + "sub.d" + separator})
+        EXPECT_EQ(listing(mask, here), found) << mask;
+    for (const std::string &front : {std::string("sub.d\\"), here + "sub.d" + separator})
         EXPECT_EQ(listing(front + "*.jrl", front), names{"in.jrl"});
 #ifndef _WIN32 // where the system itself sets the bound
-    const std::string fits(259 - here().size(), 'f');
+    const std::string fits(259 - here.size(), 'f');
     std::ofstream(fits) << 1;
-    EXPECT_EQ(listing("f*"), names{fits});
+    EXPECT_EQ(listing("f*", here), names{fits});
     fs::rename(fits, fits + "f");
-    EXPECT_EQ(listing("f*"), names{});
+    EXPECT_EQ(listing("f*", here), names{});
 #endif
     rddir_reset();
     EXPECT_EQ(rddir(nullptr), nullptr);
     EXPECT_EQ(rddir("none.*"), nullptr);
     const char *first = rddir("a.*");
-    EXPECT_EQ(std::string(first), here() + "a.jrl");
+    EXPECT_EQ(std::string(first), here + "a.jrl");
     for (const char *other : {"A", "\xff", "", static_cast<const char *>(nullptr)})
         rddir_free(other);
     EXPECT_EQ(rddir("*"), nullptr) << "the listing goes on with its own mask";
@@ -82,34 +61,36 @@ TEST_F(Directory, ListsAllThatMatchesAndFits)
     EXPECT_NE(rddir("*.jrl"), nullptr);
     rddir_init("b.*"); // leaves the listing in the middle
     EXPECT_EQ(rddir("b.*"), first);
-    EXPECT_EQ(std::string(first), here() + "b.jrl");
+    EXPECT_EQ(std::string(first), here + "b.jrl");
+
+    for (const auto &[path, result] :
+         {std::pair{"made", 0}, {"made\\inside", 0}, {"made", -1}, {"none\\inside", -1}, {nullptr, -1}})
+        EXPECT_EQ(dovsys_mkdir(path), result) << path;
+    const std::string endless(70000, 'e');
+    using kind = std::pair<const char *, int>; // 10 for a file, 1 for a directory
+    for (const auto &[path, is] : {kind{"plain", 10}, kind{"sub.d", 1}, kind{".", 1}, kind{"none", 0}, kind{"", 0},
+                                   kind{"sub.d\\in.jrl", 10}, kind{"sub.d/in.jrl", 10}, kind{"plain\\x", 0},
+                                   kind{nullptr, 0}, kind{endless.c_str(), 0}, kind{"made\\inside", 1}})
+        EXPECT_EQ(dovsys_is_file(path) * 10 + dovsys_is_directory(path), is) << path;
+    rddir_reset();
+    fs::current_path(fs::temp_directory_path());
+    fs::remove_all(place);
 }
 
-TEST_F(Directory, TellsFilesFromDirectoriesAndPathsFromNames)
+TEST(Paths, AreSplitAtTheLastSeparator)
 {
-    EXPECT_EQ(dovsys_mkdir("made"), 0);
-    EXPECT_EQ(dovsys_mkdir("made\\inside"), 0);
-    for (const char *impossible : {"made", "none\\inside", static_cast<const char *>(nullptr)})
-        EXPECT_EQ(dovsys_mkdir(impossible), -1) << impossible;
-    const std::string endless(70000, 'e');
-    using row = std::pair<const char *, int>; // 10 for a file, 1 for a directory
-    for (const auto &[path, is] : {row{"plain", 10}, row{"sub.d", 1}, row{".", 1}, row{"none", 0}, row{"", 0},
-                                   row{"sub.d\\in.jrl", 10}, row{"sub.d/in.jrl", 10}, row{"plain\\x", 0},
-                                   row{nullptr, 0}, row{endless.c_str(), 0}, row{"made\\inside", 1}})
-        EXPECT_EQ(dovsys_is_file(path) * 10 + dovsys_is_directory(path), is) << path;
-
     using split = std::pair<const char *, const char *>; // with * between the parts
     for (const auto &[whole, parts] :
          {split{"c:\\a\\b.txt", "c:\\a\\*b.txt"}, split{"b.txt", "*b.txt"}, split{"a\\", "a\\*"}, split{"\\b", "\\*b"},
           split{"", "*"}, split{" a \\ b\n", "a \\*b"}, split{"a\\b/c", slash ? "a\\b/*c" : "a\\*b/c"}}) {
-        std::string path = whole;
-        std::string name = whole;
-        splitit(path.c_str(), path.data(), name.data());
-        EXPECT_EQ(std::string(path.c_str()) + "*" + name.c_str(), parts);
+        char path[16];
+        char name[16];
+        splitit(c_strncpy(path, whole, 16), path, name);
+        EXPECT_EQ(std::string(path) + "*" + name, parts);
     }
 }
 
-TEST(Logicals, AreReadFromTheEnvironmentAlsoForFortran)
+TEST(Logicals, AreReadFromTheEnvironment)
 {
     const std::string longest(511, 'N');
     set_environment(longest.c_str(), "long name");
@@ -132,38 +113,32 @@ TEST(Logicals, AreReadFromTheEnvironmentAlsoForFortran)
     EXPECT_STREQ(get_logical("DOVSYS_X", nullptr), slash ? "" : nullptr); // where it cannot be set
 
     set_environment("DOVSYS_X", "0123456789");
-    const std::string too_long(600, 'x');
     using fixed = std::tuple<std::string, int, int, std::string>; // | for NUL, and what lies behind stays
     for (const auto &[name, loglen, equlen, expected] :
          {fixed{"DOVSYS_Xyz", 8, 8, "0123456|...."}, fixed{"DOVSYS_X", 8, 11, "0123456789|."},
           fixed{"DOVSYS_X", 8, 12, "0123456789 |"}, fixed{"DOVSYS_X", 8, 1, "|..........."},
           fixed{"DOVSYS_X", 8, 0, "............"}, fixed{"DOVSYS_X", 7, 5, "    |......."},
           fixed{"DOVSYS_X  ", 10, 5, "    |......."}, fixed{"DOVSYS_X", -1, 4, "   |........"},
-          fixed{too_long, 600, 4, "   |........"}}) {
+          fixed{std::string(600, 'x'), 600, 4, "   |........"}}) {
         std::string equivalent(12, '.');
         transl_(name.c_str(), equivalent.data(), loglen, equlen);
         std::replace(equivalent.begin(), equivalent.end(), '\0', '|');
         EXPECT_EQ(equivalent, expected) << name << " " << equlen;
     }
-}
 
-TEST(Logicals, GiveTheHomeDirectoryOnce)
-{
-    const auto home = [](const char *value) {
-        set_environment("HOME", value);
-        return std::string(dovsys_homedir());
-    };
-    const std::string longest(58, 'h');
-    using row = std::pair<const char *, std::string>;
-    for (const auto &[value, expected] :
-         {row{"C:\\users\\x", "C:\\users\\x\\"}, row{"C:\\users\\x\\", "C:\\users\\x\\"},
-          row{"/home/x", "/home/x" + separator}, row{longest.c_str(), longest + separator}, row{nullptr, ""}}) {
+    const std::string most(58, 'h');
+    using home = std::pair<const char *, std::string>;
+    for (const auto &[path, expected] :
+         {home{"C:\\users\\x", "C:\\users\\x\\"}, home{"C:\\users\\x\\", "C:\\users\\x\\"},
+          home{"/home/x", "/home/x" + separator}, home{most.c_str(), most + separator}, home{nullptr, ""}}) {
         logicals_reset();
-        EXPECT_EQ(home(value), expected);
-        EXPECT_EQ(home("C:\\later"), expected);
+        set_environment("HOME", path);
+        EXPECT_STREQ(dovsys_homedir(), expected.c_str());
+        set_environment("HOME", (most + "h").c_str());
+        EXPECT_STREQ(dovsys_homedir(), expected.c_str()) << "only read once";
     }
     logicals_reset();
-    EXPECT_ENDS(home((longest + "h").c_str()), 1, "Problem in homedir\\(\\), in dovsys library\\.\\.\\.: ");
+    EXPECT_ENDS(dovsys_homedir(), 1, "Problem in homedir\\(\\), in dovsys library\\.\\.\\.: ");
 }
 
 } // namespace
