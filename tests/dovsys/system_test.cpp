@@ -44,10 +44,10 @@ TEST(Directories, AreListedMadeAndToldFromFiles)
         EXPECT_EQ(listing(front + "*.jrl", front), names{"in.jrl"});
 #ifndef _WIN32 // where the system itself sets the bound
     const std::string fits(259 - here.size(), 'f');
-    std::ofstream(fits) << 1;
+    for (const char *too_much : {"", "f", "g", "h"})
+        std::ofstream(fits + too_much) << 1;
     EXPECT_EQ(listing("f*", here), names{fits});
-    fs::rename(fits, fits + "f");
-    EXPECT_EQ(listing("f*", here), names{});
+    EXPECT_EQ(listing("*", here).size(), all.size() + 1);
 #endif
     rddir_reset();
     EXPECT_EQ(rddir(nullptr), nullptr);
