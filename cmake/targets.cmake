@@ -50,10 +50,17 @@ function(wi_library name)
   install(TARGETS ${name} EXPORT wi ARCHIVE COMPONENT libraries FILE_SET HEADERS COMPONENT libraries)
 endfunction()
 
-# wi_program(NAME SOURCES ... [LINKS ...])   A program of exesrc/<NAME>, installed.
+# wi_program(NAME DESCRIPTION ... SOURCES ... [LINKS ...])
+# A program of exesrc/<NAME>, installed; Windows shows the description, and its version.
 function(wi_program name)
-  cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(arg "" "DESCRIPTION" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
+  if(WIN32)
+    configure_file(${PROJECT_SOURCE_DIR}/exesrc/program.rc.in ${name}_program.rc @ONLY)
+    target_sources(${name} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/${name}_program.rc)
+    set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/${name}_program.rc
+      PROPERTIES OBJECT_DEPENDS ${PROJECT_SOURCE_DIR}/exesrc/program.manifest)
+  endif()
   target_link_libraries(${name} PRIVATE ${arg_LINKS})
   wi_compile_options(${name})
   install(TARGETS ${name} RUNTIME COMPONENT programs)

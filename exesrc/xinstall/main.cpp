@@ -17,6 +17,8 @@ constexpr const char *product = "TANSY_DEMO";
 int main(int argc, char **argv)
 {
     wi_main_init(&argc, argv);
+    wi_hlp_setprognm("xinstall");
+    wi_hlp_setlib_of_program("wi.hlp");
     xinstall_init();
     const std::string prompt =
         std::string("Where would you like to place the files for ") + product + "?  Enter the full path name below.";

@@ -19,6 +19,7 @@ wi_obj *cell_button(wi_obj *row, const char *label, int tag)
 
 void xinstall_frm(wi_obj *wo, xinstall_parts &wo_a)
 {
+    wi_hlp_set_srchstr("help:xinstall:Location"); // the field has no label to be found by
     xinstall_location = wi_mk_strfld(wi_form_parent(wo, 10, 40, 90, 60), "", 0.01);
     wi_obj *row = wi_mk_rectary(wi_form_parent(wo, 10, 70, 90, 90), 1, 2, 0.1, 0.05);
     xinstall_prompt = wi_mk_label(wi_form_parent(wo, 10, 10, 90, 30), ":", -1);

@@ -1,5 +1,6 @@
 #include "wi/wibutton.h"
 
+#include "wi/wibutary.h"
 #include "wi/wifield.h"
 #include "wi/wifocus.h"
 #include "wi/wihlp.h"
@@ -34,6 +35,15 @@ wi_focus_step enter(wi_obj *wo)
     return owner && owner->type == wi_type_incdecfld ? wi_focus_past(wo) : wi_focus_window(wo->handle);
 }
 
+// The composite that the button belongs to stands in for it; for a button array within a toggle array, that one.
+wi_obj *target_of(wi_obj *wo)
+{
+    wi_obj *target = wo->obj.button->callbacktarget;
+    if (target && target->type == wi_type_butary && target->obj.butary->callbacktarget)
+        return target->obj.butary->callbacktarget;
+    return target ? target : wo;
+}
+
 void clicked(wi_obj *wo)
 {
     const wi_button *button = wo->obj.button;
@@ -41,7 +51,7 @@ void clicked(wi_obj *wo)
         wi_button_setstate(wo, !wi_button_getstate(wo));
     if (!button->cbfunc)
         return;
-    wi_obj *target = button->callbacktarget ? button->callbacktarget : wo;
+    wi_obj *target = target_of(wo);
     if (target->type == wi_type_button)
         wi_journal_write(target, button->type);
     button->cbfunc(target, button->tag);

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -28,6 +29,17 @@ wi_focus_step form_leave(wi_obj *form, wi_obj *from)
     const bool ours = from->type == wi_type_null && from->parent == form;
     wi_obj *next = ours ? from->obj.null->next : nullptr;
     return next ? wi_focus_into(next) : wi_focus_past(form);
+}
+
+// With a null parent in a window of its own with that title.
+wi_obj *make_form(wi_obj *parent, const char *title, double xsize, double ysize)
+{
+    wi_obj *wo = wi_new_obj(wi_type_form);
+    wo->obj.form = wi_new<wi_form>();
+    wo->obj.form->xsize = xsize;
+    wo->obj.form->ysize = ysize;
+    wi_attach(wo, wi_with_shell(wo, parent, title));
+    return wo;
 }
 
 // Every area is placed against the whole form, so an area hands its rectangle on to the next.
@@ -74,18 +86,17 @@ wi_obj *wi_mk_form(wi_obj *parent, double xsize, double ysize)
 {
     if (!(xsize > 0 && ysize > 0))
         wi_exit("PE 1, wiform.c: Bad arg.");
-    wi_obj *wo = wi_new_obj(wi_type_form);
-    wo->obj.form = wi_new<wi_form>();
-    wo->obj.form->xsize = xsize;
-    wo->obj.form->ysize = ysize;
-    if (!parent) {
-        char *title = pending_title ? pending_title : c_mkstr(" ");
-        pending_title = nullptr;
-        parent = wi_with_shell(wo, nullptr, title);
-        jfree(title);
-    }
-    wi_attach(wo, parent);
+    if (parent)
+        return make_form(parent, nullptr, xsize, ysize);
+    char *title = std::exchange(pending_title, nullptr);
+    wi_obj *wo = make_form(nullptr, title ? title : " ", xsize, ysize);
+    jfree(title);
     return wo;
+}
+
+wi_obj *wi_mk_own_form(const char *title)
+{
+    return make_form(nullptr, title, 100, 100);
 }
 
 wi_obj *wi_form_parent(wi_obj *wo, double x0, double y0, double x1, double y1)

@@ -53,8 +53,21 @@ void command(WPARAM wparam, HWND control)
         return;
     }
     wi_obj *wo = getwiobject(control);
-    if (HIWORD(wparam) == BN_CLICKED && wo && wi_row(wo).clicked)
-        wi_row(wo).clicked(wo);
+    if (!wo)
+        return;
+    const auto act = HIWORD(wparam) == BN_CLICKED      ? wi_row(wo).clicked
+                     : HIWORD(wparam) == CBN_SELCHANGE ? wi_row(wo).selected
+                                                       : nullptr;
+    if (act)
+        act(wo);
+}
+
+void draw(const DRAWITEMSTRUCT &item)
+{
+    wi_obj *wo = getwiobject(item.hwndItem);
+    const RECT &r = item.rcItem;
+    if (wo && wi_row(wo).draw)
+        wi_row(wo).draw(wo, item.hDC, {r.left, r.top, r.right - r.left, r.bottom - r.top});
 }
 
 // The controls keep the font's size in step with the monitor that the window is on.
@@ -105,6 +118,7 @@ LRESULT CALLBACK dovappwndproc(HWND hwnd, UINT msg, WPARAM wparam, LPARAM lparam
         help(reinterpret_cast<const HELPINFO *>(lparam));
         return 0;
     case WM_DRAWITEM:
+        draw(*reinterpret_cast<const DRAWITEMSTRUCT *>(lparam));
         return 0;
     case WM_DPICHANGED:
         if (is_window(wo))

@@ -23,11 +23,11 @@ void show_shell(wi_obj *shell, bool on)
 
 void show_tree(wi_obj *wo, bool on, const char *type_message)
 {
-    if (wo->shell) {
+    const wi_type &row = wi_row(wo);
+    if (wo->shell && !(on && row.pops_up)) {
         show_shell(wo->shell, on);
         return;
     }
-    const wi_type &row = wi_row(wo);
     if (!row.show)
         wi_exit(type_message);
     row.show(wo, on);

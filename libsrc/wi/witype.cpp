@@ -12,11 +12,15 @@ struct entry {
 };
 
 constexpr entry entries[] = {
-    {wi_type_form, &wi_form_row},           {wi_type_button, &wi_button_row}, {wi_type_dovapp, &wi_dovapp_row},
-    {wi_type_frame, &wi_frame_row},         {wi_type_drect, &wi_drect_row},   {wi_type_crop, &wi_crop_row},
-    {wi_type_rectary, &wi_rectary_row},     {wi_type_label, &wi_label_row},   {wi_type_updownbut, &wi_updownbut_row},
-    {wi_type_incdecfld, &wi_incdecfld_row}, {wi_type_strfld, &wi_strfld_row}, {wi_type_numfld, &wi_numfld_row},
-    {wi_type_null, &wi_null_row},
+    {wi_type_form, &wi_form_row},           {wi_type_button, &wi_button_row},   {wi_type_dovapp, &wi_dovapp_row},
+    {wi_type_frame, &wi_frame_row},         {wi_type_drect, &wi_drect_row},     {wi_type_crop, &wi_crop_row},
+    {wi_type_rectary, &wi_rectary_row},     {wi_type_label, &wi_label_row},     {wi_type_updownbut, &wi_updownbut_row},
+    {wi_type_incdecfld, &wi_incdecfld_row}, {wi_type_strfld, &wi_strfld_row},   {wi_type_numfld, &wi_numfld_row},
+    {wi_type_null, &wi_null_row},           {wi_type_status, &wi_status_row},   {wi_type_filebox, &wi_filebox_row},
+    {wi_type_editbox, &wi_editbox_row},     {wi_type_msgbox, &wi_msgbox_row},   {wi_type_ynbox, &wi_ynbox_row},
+    {wi_type_editpage, &wi_editpage_row},   {wi_type_butary, &wi_butary_row},   {wi_type_togary, &wi_togary_row},
+    {wi_type_filesel, &wi_filesel_row},     {wi_type_listsel, &wi_listsel_row}, {wi_type_icon, &wi_icon_row},
+    {wi_type_colorbut, &wi_colorbut_row},
 };
 
 constexpr wi_type unclaimed{};
@@ -45,14 +49,21 @@ wi_obj *wi_new_obj(int type)
     return wo;
 }
 
-wi_obj *wi_with_shell(wi_obj *wo, wi_obj *parent, const char *title)
+wi_obj *wi_with_own_shell(wi_obj *wo, wi_obj *parent, const char *title)
 {
     if (parent)
         return parent;
     wo->shell = wi_mk_dovapp(nullptr, title);
     wi_dovapp_quit(wo->shell, 0, " ", nullptr, 5);
-    wi_size(wo, 600, 600);
     return wo->shell;
+}
+
+wi_obj *wi_with_shell(wi_obj *wo, wi_obj *parent, const char *title)
+{
+    wi_obj *used = wi_with_own_shell(wo, parent, title);
+    if (wo->shell)
+        wi_size(wo, 600, 600);
+    return used;
 }
 
 void wi_attach(wi_obj *wo, wi_obj *parent)
@@ -69,9 +80,9 @@ void wi_check(const wi_obj *wo, int type, const char *null_message, const char *
         wi_exit(type_message);
 }
 
-void wi_check(const wi_obj *wo, const char *s, int type, const char *null_message, const char *type_message)
+void wi_check(const wi_obj *wo, const void *needed, int type, const char *null_message, const char *type_message)
 {
-    if (!s)
+    if (!needed)
         wi_exit(null_message);
     wi_check(wo, type, null_message, type_message);
 }

@@ -8,6 +8,8 @@
 #include "wi/wiexit.h"
 #include "wi/wiobj.h"
 
+struct HDC__;
+
 // A rectangle in pixels of the window that the object lies in.
 struct wi_rect {
     int x, y, w, h;
@@ -23,6 +25,7 @@ wi_focus_step wi_focus_into(wi_obj *wo);
 wi_focus_step wi_focus_past(wi_obj *wo); // in the object's parent
 
 struct wi_type {
+    bool pops_up = false;                      // showing it shows a dialog, whatever window it lives in
     void (*show)(wi_obj *, bool on) = nullptr; // shows or hides what the object consists of
     void (*place)(wi_obj *, const wi_rect &) = nullptr;
     void (*add_child)(wi_obj *parent, wi_obj *child) = nullptr;
@@ -30,7 +33,9 @@ struct wi_type {
     wi_focus_step (*focus_enter)(wi_obj *) = nullptr;
     wi_focus_step (*focus_leave)(wi_obj *container, wi_obj *from) = nullptr;
 
-    void (*clicked)(wi_obj *) = nullptr; // a control of the object was clicked
+    void (*clicked)(wi_obj *) = nullptr;                        // a control of the object was clicked
+    void (*selected)(wi_obj *) = nullptr;                       // another line of its list was selected
+    void (*draw)(wi_obj *, HDC__ *, const wi_rect &) = nullptr; // an owner-drawn control is to be drawn
 
     void (*set_message)(wi_obj *, const char *) = nullptr;
     void (*set_label)(wi_obj *, const char *) = nullptr;
@@ -48,8 +53,10 @@ struct wi_type {
     char *(*get_label)(wi_obj *) = nullptr;
 };
 
-extern const wi_type wi_button_row, wi_crop_row, wi_dovapp_row, wi_drect_row, wi_form_row, wi_frame_row,
-    wi_incdecfld_row, wi_label_row, wi_null_row, wi_numfld_row, wi_rectary_row, wi_strfld_row, wi_updownbut_row;
+extern const wi_type wi_butary_row, wi_button_row, wi_colorbut_row, wi_crop_row, wi_dovapp_row, wi_drect_row,
+    wi_editbox_row, wi_editpage_row, wi_filebox_row, wi_filesel_row, wi_form_row, wi_frame_row, wi_icon_row,
+    wi_incdecfld_row, wi_label_row, wi_listsel_row, wi_msgbox_row, wi_null_row, wi_numfld_row, wi_rectary_row,
+    wi_status_row, wi_strfld_row, wi_togary_row, wi_updownbut_row, wi_ynbox_row;
 
 // The row of the object's type; a row of empty slots for codes that no module has claimed.
 const wi_type &wi_row(const wi_obj *wo);
@@ -65,16 +72,22 @@ Record *wi_new()
 }
 
 // An object made without a parent lives in an application window of its own, which becomes its shell and cannot be
-// closed by the user. Returns the parent to use: that window, or `parent` when there is one.
+// closed by the user. Returns the parent to use: that window, or `parent` when there is one. The first leaves the size
+// of the window to the platform.
+wi_obj *wi_with_own_shell(wi_obj *wo, wi_obj *parent, const char *title = " ");
 wi_obj *wi_with_shell(wi_obj *wo, wi_obj *parent, const char *title = " ");
+
+// A form of 100 by 100 in a window of its own, as the toolkit's services have it. A pending wi_set_window_name is not
+// used: it is the application's.
+wi_obj *wi_mk_own_form(const char *title);
 
 // Takes the window of `parent` for a new object that has none of its own, and links the object below it.
 void wi_attach(wi_obj *wo, wi_obj *parent);
 
-// Ends the program with the first message when `wo` (or, in the second form, `s`) is null, and with the second when
-// it is not of the type.
+// Ends the program with the first message when `wo` (or, in the second form, `needed`) is null, and with the second
+// when it is not of the type.
 void wi_check(const wi_obj *wo, int type, const char *null_message, const char *type_message);
-void wi_check(const wi_obj *wo, const char *s, int type, const char *null_message, const char *type_message);
+void wi_check(const wi_obj *wo, const void *needed, int type, const char *null_message, const char *type_message);
 
 // Replaces an owned text by a copy of `s`.
 void wi_replace_text(char *&text, const char *s);

@@ -42,21 +42,29 @@ HFONT font_of(HWND window)
     return app && app->type == wi_type_dovapp ? app->obj.dovapp->font : wi_message_font(GetDpiForWindow(window));
 }
 
+// Edit pages, which are not in the window table, have a font of their own.
 BOOL CALLBACK refont_child(HWND child, LPARAM font)
 {
-    SendMessageA(child, WM_SETFONT, static_cast<WPARAM>(font), FALSE);
+    if (getwiobject(child))
+        SendMessageA(child, WM_SETFONT, static_cast<WPARAM>(font), FALSE);
     return TRUE;
 }
 
 } // namespace
 
+HWND wi_create_control(const wi_obj *parent, const wchar_t *control_class, const char *text, DWORD style, DWORD exstyle,
+                       const wi_rect &provisional, int id)
+{
+    const auto menu_id = reinterpret_cast<HMENU>(static_cast<std::intptr_t>(id));
+    return CreateWindowExW(exstyle, control_class, wide(text ? text : "").c_str(), WS_CHILD | WS_VISIBLE | style,
+                           provisional.x, provisional.y, provisional.w, provisional.h, getparenthandle(parent), menu_id,
+                           getinstance(), nullptr);
+}
+
 HWND wi_make_control(wi_obj *wo, const wi_obj *parent, const wchar_t *control_class, const char *text, DWORD style,
                      DWORD exstyle, const wi_rect &provisional, int id)
 {
-    const auto menu_id = reinterpret_cast<HMENU>(static_cast<std::intptr_t>(id));
-    const HWND window = CreateWindowExW(exstyle, control_class, wide(text ? text : "").c_str(),
-                                        WS_CHILD | WS_VISIBLE | style, provisional.x, provisional.y, provisional.w,
-                                        provisional.h, getparenthandle(parent), menu_id, getinstance(), nullptr);
+    const HWND window = wi_create_control(parent, control_class, text, style, exstyle, provisional, id);
     setwiobject(window, wo);
     SendMessageA(window, WM_SETFONT, reinterpret_cast<WPARAM>(font_of(getparenthandle(parent))), FALSE);
     return window;

@@ -4,8 +4,11 @@
 #include "wi/wiplatform.h"
 #include "wi/witype.h"
 
-// Creates a visible child window of a standard control class in the window of `parent`, registers it for `wo`, and
-// gives it the toolkit's font. A null text is empty.
+// Creates a visible child window of a standard control class in the window of `parent`. A null text is empty.
+HWND wi_create_control(const wi_obj *parent, const wchar_t *control_class, const char *text, DWORD style, DWORD exstyle,
+                       const wi_rect &provisional, int id);
+
+// The same, registered for `wo` and with the toolkit's font.
 HWND wi_make_control(wi_obj *wo, const wi_obj *parent, const wchar_t *control_class, const char *text, DWORD style,
                      DWORD exstyle, const wi_rect &provisional, int id);
 

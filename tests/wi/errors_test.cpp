@@ -6,46 +6,39 @@
 
 namespace {
 
-// Objects of each kind to be the right or the wrong one.
-struct kinds {
-    wi_obj *form = wi_mk_form(nullptr, 100, 100);
-    wi_obj *label = wi_mk_label(area(), "label", -1);
-    wi_obj *push = wi_mk_button(area(), "push", 0, nullptr, 0);
-    wi_obj *str = wi_mk_strfld(area(), "str", 0.5);
-    wi_obj *num = wi_mk_numfld(area(), "num", 0.5, 2);
-    wi_obj *incdec = wi_mk_incdecfld(area(), "incdec", 0.5, 1);
-
-    wi_obj *area() const { return wi_form_parent(form, 0, 0, 10, 10); }
-};
-
-const kinds &have()
+// What an operation is called with besides its object.
+template <class T>
+T argument(const char *text)
 {
-    static const kinds all;
-    return all;
+    static int states[10];
+    if constexpr (std::is_same_v<T, const char *>)
+        return text;
+    else if constexpr (std::is_convertible_v<int *, T>)
+        return states;
+    else
+        return {};
 }
 
-using operation = std::function<void(wi_obj *)>;
-
-// An operation with everything but its object.
-template <class Result, class... Args>
-operation with(Result (*call)(wi_obj *, Args...), std::type_identity_t<Args>... args)
-{
-    return [=](wi_obj *wo) { call(wo, args...); };
-}
-
-struct numbered {
-    int first; // message for a null object; the next number is for a wrong type
-    operation call;
-};
-
-void expect_numbers(const std::string &module, wi_obj *wrong, const std::vector<numbered> &operations)
-{
-    for (const numbered &o : operations) {
-        EXPECT_EQ(exit_message([&] { o.call(nullptr); }),
-                  "PE " + std::to_string(o.first) + ", " + module + ": bad arg.");
-        EXPECT_EQ(exit_message([&] { o.call(wrong); }),
-                  "PE " + std::to_string(o.first + 1) + ", " + module + ": bad arg.");
+struct operation : std::function<void(wi_obj *, const char *)> {
+    template <class Result, class... Args>
+    operation(Result (*call)(wi_obj *, Args...))
+        : function([=](wi_obj *wo, const char *text) { call(wo, argument<Args>(text)...); })
+    {
     }
+};
+
+struct refusal {
+    std::string of_null, of_type; // messages for a null object and for one of another type
+    operation call;
+    wi_obj *takes = nullptr; // null text for this object is refused as a null object is
+};
+
+void expect_refusal(const refusal &r, wi_obj *wrong)
+{
+    EXPECT_EQ(exit_message([&] { r.call(nullptr, ""); }), r.of_null);
+    EXPECT_EQ(exit_message([&] { r.call(wrong, ""); }), r.of_type) << "instead of " << r.of_null;
+    if (r.takes)
+        EXPECT_EQ(exit_message([&] { r.call(r.takes, nullptr); }), r.of_null) << "null text";
 }
 
 struct row {
@@ -59,115 +52,214 @@ void expect_messages(const std::vector<row> &rows)
         EXPECT_EQ(exit_message(r.call), r.message);
 }
 
-TEST(ProgramErrors, OfGenericOperations)
+const char *const names[] = {"a", nullptr}, *const no_names[] = {nullptr};
+
+// Objects of each kind to be the right or the wrong one.
+class ProgramErrors : public testing::Test {
+protected:
+    wi_obj *area() const { return wi_form_parent(form, 0, 0, 10, 10); }
+
+    wi_obj *form = wi_mk_form(nullptr, 100, 100), *shell = form->shell;
+    wi_obj *label = wi_mk_label(area(), "label", -1), *push = wi_mk_button(area(), "push", 0, nullptr, 0);
+    wi_obj *str = wi_mk_strfld(area(), "str", 0.5), *num = wi_mk_numfld(area(), "num", 0.5, 2);
+    wi_obj *incdec = wi_mk_incdecfld(area(), "incdec", 0.5, 1), *page = wi_mk_editpage(area());
+    wi_obj *status = wi_mk_status(area(), "", 0.1), *list = wi_mk_listsel(area(), "", 0.5, names);
+    wi_obj *file = wi_mk_filesel(area(), "", "", 0.5), *color = wi_mk_colorbut(area());
+    wi_obj *toggles = wi_mk_togary(area(), names, 0), *buttons = toggles->obj.togary->butary;
+};
+
+TEST_F(ProgramErrors, OfGenericOperations)
 {
-    const kinds &k = have();
     const struct {
-        std::string null_message, type_message;
-        wi_obj *wrong;
+        std::string of_null, of_type;
         operation call;
-    } table[] = {
-        {"PE 8,", "PE 9,", k.label, with(wi_set_message, "m")},  {"PE 10,", "PE 11,", k.form, with(wi_set_label, "l")},
-        {"PE 12,", "PE 13,", k.label, with(wi_set_split, 1, 0)}, {"PE 14,", "PE 15,", k.str, with(wi_set_decimals, 1)},
-        {"PE 16,", "PE 17,", k.num, with(wi_set_inc, 1, 0)},     {"PE 18,", "PE 19,", k.form, with(wi_set_string, "s")},
-        {"PE 20,", "PE 21,", k.str, with(wi_set_value, 1)},      {"PE 22,", "PE 23.", k.label, with(wi_set_state, 1)},
-        {"PE 24,", "", k.label, with(wi_set_dir, "d")},          {"PE 25,", "PE 26,", k.push, with(wi_set_editable, 1)},
-        {"PE 27,", "PE 29,", k.label, with(wi_get_string)},      {"PE 30,", "PE 31,", k.push, with(wi_get_value)},
-        {"PE 32,", "PE 33,", k.str, with(wi_get_state)}};
+        wi_obj *wrong;
+    } table[] = {{"PE 8,", "PE 9,", wi_set_message, label},  {"PE 10,", "PE 11,", wi_set_label, form},
+                 {"PE 12,", "PE 13,", wi_set_split, label},  {"PE 14,", "PE 15,", wi_set_decimals, str},
+                 {"PE 16,", "PE 17,", wi_set_inc, num},      {"PE 18,", "PE 19,", wi_set_string, form},
+                 {"PE 20,", "PE 21,", wi_set_value, str},    {"PE 22,", "PE 23.", wi_set_state, label},
+                 {"PE 24,", "", wi_set_dir, label},          {"PE 25,", "PE 26,", wi_set_editable, push},
+                 {"PE 27,", "PE 29,", wi_get_string, label}, {"PE 30,", "PE 31,", wi_get_value, push},
+                 {"PE 32,", "PE 33,", wi_get_state, str}};
     wi_obj odd{};
-    for (const auto &r : table) {
-        const std::string type_message = r.type_message.empty() ? "" : r.type_message + " wi.c: bad object type.";
-        EXPECT_EQ(exit_message([&] { r.call(nullptr); }), r.null_message + " wi.c: bad arg.");
-        EXPECT_EQ(exit_message([&] { r.call(r.wrong); }), type_message);
+    for (const auto &[of_null, of_type, call, wrong] : table) {
+        const refusal r = {of_null + " wi.c: bad arg.", of_type.empty() ? "" : of_type + " wi.c: bad object type.",
+                           call};
+        expect_refusal(r, wrong);
         for (const int type : {-1, 0, 1, 10, 30, 32, 1 << 30}) { // types that nothing claims
             odd.type = type;
-            EXPECT_EQ(exit_message([&] { r.call(&odd); }), type_message) << type;
+            expect_refusal(r, &odd);
         }
     }
-    EXPECT_EQ(exit_message([&] { wi_set_message(k.label, nullptr); }), "PE 8, wi.c: bad arg.");
+    EXPECT_EQ(exit_message([&] { wi_set_message(label, nullptr); }), "PE 8, wi.c: bad arg.");
 }
 
-TEST(ProgramErrors, OfControls)
+TEST_F(ProgramErrors, OfObjectsByNumber)
 {
-    const kinds &k = have();
-    expect_numbers("wilabel.c", k.push, {{2, with(wi_label, "")}});
-    expect_numbers("wibutton.c", k.label,
-                   {{3, with(wi_button_label, "")},
-                    {5, with(wi_button_setstate, 1)},
-                    {8, with(wi_button_getlabel)},
-                    {8, with(wi_button_getstate)}});
-    expect_numbers("wistrfld.c", k.label,
-                   {{4, with(wi_strfld_putstr, "")},
-                    {6, with(wi_strfld_getstr)},
-                    {8, with(wi_strfld_label, "")},
-                    {10, with(wi_strfld_split, 0.1)},
-                    {12, with(wi_strfld_editable, 1)},
-                    {14, with(wi_strfld_set_cb, nullptr, 0)}});
-    expect_numbers("winumfld.c", k.label,
-                   {{4, with(wi_numfld_putstr, "")},
-                    {4, with(wi_numfld_putval, 1)},
-                    {6, with(wi_numfld_getstr)},
-                    {6, with(wi_numfld_getval)},
-                    {8, with(wi_numfld_label, "")},
-                    {10, with(wi_numfld_split, 0.1)},
-                    {12, with(wi_numfld_editable, 1)},
-                    {14, with(wi_numfld_set_cb, nullptr, 0)}});
-    expect_numbers("wiincdecfld.c", k.label,
-                   {{5, with(wi_incdecfld_split, 0.1)},
-                    {7, with(wi_incdecfld_label, "")},
-                    {9, with(wi_incdecfld_getval)},
-                    {11, with(wi_incdecfld_putval, 1)},
-                    {13, with(wi_incdecfld_getstr)},
-                    {15, with(wi_incdecfld_putstr, "")},
-                    {17, with(wi_incdecfld_inc, 1)},
-                    {19, with(wi_incdecfld_decimals, 1)},
-                    {21, with(wi_incdecfld_toplim, 1)},
-                    {23, with(wi_incdecfld_botlim, 1)},
-                    {25, with(wi_incdecfld_editable, 1)},
-                    {27, with(wi_incdecfld_set_cb, nullptr, 0, nullptr, 0, nullptr, 0)}});
-    expect_messages({{"PE 3, wibutton.c: bad arg.", [&] { wi_button_label(k.push, nullptr); }},
-                     {"PE 7, wibutton.c: bad arg.", [&] { wi_set_state(k.push, 1); }},
-                     {"PE 10, wibutton.c: bad arg.", [&] { wi_get_state(k.push); }},
-                     {"PE 4, wistrfld.c: bad arg.", [&] { wi_strfld_putstr(k.str, nullptr); }},
-                     {"PE 8, wistrfld.c: bad arg.", [&] { wi_strfld_label(k.str, nullptr); }},
-                     {"PE 4, winumfld.c: bad arg.", [&] { wi_numfld_putstr(k.num, nullptr); }},
-                     {"PE 8, winumfld.c: bad arg.", [&] { wi_numfld_label(k.num, nullptr); }},
-                     {"PE 15, wiincdecfld.c: bad arg.", [&] { wi_incdecfld_putstr(k.incdec, nullptr); }},
-                     {"PE 7, wiincdecfld.c: bad arg.", [&] { wi_incdecfld_label(k.incdec, nullptr); }}});
+    const struct {
+        const char *module;
+        int number; // for a null object; the next is for one of another type
+        operation call;
+        wi_obj *takes = nullptr;
+    } table[] = {{"wilabel", 2, wi_label},
+                 {"wibutton", 3, wi_button_label, push},
+                 {"wibutton", 5, wi_button_setstate},
+                 {"wibutton", 8, wi_button_getlabel},
+                 {"wibutton", 8, wi_button_getstate},
+                 {"wistrfld", 4, wi_strfld_putstr, str},
+                 {"wistrfld", 6, wi_strfld_getstr},
+                 {"wistrfld", 8, wi_strfld_label, str},
+                 {"wistrfld", 10, wi_strfld_split},
+                 {"wistrfld", 12, wi_strfld_editable},
+                 {"wistrfld", 14, wi_strfld_set_cb},
+                 {"winumfld", 4, wi_numfld_putstr, num},
+                 {"winumfld", 4, wi_numfld_putval},
+                 {"winumfld", 6, wi_numfld_getstr},
+                 {"winumfld", 6, wi_numfld_getval},
+                 {"winumfld", 8, wi_numfld_label, num},
+                 {"winumfld", 10, wi_numfld_split},
+                 {"winumfld", 12, wi_numfld_editable},
+                 {"winumfld", 14, wi_numfld_set_cb},
+                 {"wiincdecfld", 5, wi_incdecfld_split},
+                 {"wiincdecfld", 7, wi_incdecfld_label, incdec},
+                 {"wiincdecfld", 9, wi_incdecfld_getval},
+                 {"wiincdecfld", 11, wi_incdecfld_putval},
+                 {"wiincdecfld", 13, wi_incdecfld_getstr},
+                 {"wiincdecfld", 15, wi_incdecfld_putstr, incdec},
+                 {"wiincdecfld", 17, wi_incdecfld_inc},
+                 {"wiincdecfld", 19, wi_incdecfld_decimals},
+                 {"wiincdecfld", 21, wi_incdecfld_toplim},
+                 {"wiincdecfld", 23, wi_incdecfld_botlim},
+                 {"wiincdecfld", 25, wi_incdecfld_editable},
+                 {"wiincdecfld", 27, wi_incdecfld_set_cb},
+                 {"wieditpage", 4, wi_editpage_putstr, page},
+                 {"wieditpage", 6, wi_editpage_getstr},
+                 {"wistrfld", 12, wi_editpage_editable},
+                 {"wilistsel", 5, wi_listsel_selchng_cb},
+                 {"wilistsel", 7, wi_listsel_split},
+                 {"wilistsel", 9, wi_listsel_label, list},
+                 {"wilistsel", 11, wi_listsel_putstr},
+                 {"wilistsel", 13, wi_listsel_getstr},
+                 {"wilistsel", 21, wi_listsel_popup_on},
+                 {"wifilesel", 5, wi_filesel_chng_cb},
+                 {"wifilesel", 7, wi_filesel_split},
+                 {"wifilesel", 9, wi_filesel_label, file},
+                 {"witogary", 17, wi_togary_getindex},
+                 {"witogary", 19, wi_togary_getstate},
+                 {"witogary", 21, wi_togary_setstate},
+                 {"witogary", 23, wi_togary_getary},
+                 {"witogary", 25, wi_togary_setary},
+                 {"witogary", 29, wi_togary_editable},
+                 {"witogary", 31, wi_togary_chng_cb},
+                 {"wicolorbut", 4, wi_colorbut_setcolor},
+                 {"wicolorbut", 6, wi_colorbut_colorstate},
+                 {"wicolorbut", 8, wi_colorbut_setary},
+                 {"wicolorbut", 10, wi_colorbut_getcolor},
+                 {"wicolorbut", 14, wi_colorbut_editable},
+                 {"wicolorbut", 16, wi_colorbut_chng_cb},
+                 {"widovapp", 9, wi_dovapp_quit},
+                 {"widrect", 9, wi_drect_split}};
+    for (const auto &[module, number, call, takes] : table) {
+        const auto message = [module = module](int n) {
+            return "PE " + std::to_string(n) + ", " + module + ".c: bad arg.";
+        };
+        expect_refusal({message(number), message(number + 1), call, takes}, form);
+    }
 }
 
-TEST(ProgramErrors, OfContainersAndWindows)
+TEST_F(ProgramErrors, OfObjectsByOtherTexts)
 {
-    const kinds &k = have();
-    wi_obj *form = k.form, *label = k.label;
+    wi_obj *ynbox = wi_mk_ynbox(label, "", nullptr, 0, nullptr, 0);
+    wi_obj *editbox = wi_mk_editbox(nullptr, "", nullptr, nullptr, 0);
+    const std::string message_box = "Bad parameter passed to wi_msgbox_setmsg",
+                      edit_box = "Bad parameter passed to wi_editbox_", null_box = ". The wi object cannot be NULL",
+                      no_box = ". The wi object must be an editbox.", no_mode = "Bad argument to wi_togary_setmode.",
+                      no_text = "You tried to put NULL into the editbox.";
+    const refusal table[] = {
+        {"PE 4, wistatus.c bad arg.", "PE 5, wistatus.c: bad arg.", wi_status, status},
+        {"PE 6, wistatus.c bad arg.", "PE 7, wistatus.c: bad arg.", wi_status_getstr},
+        {"PE 8, wistatus.c bad arg.", "PE 9, wistatus.c: bad arg.", wi_status_label, status},
+        {"PE 10, wistatus.c bad arg.", "PE 11, wistatus.c: bad arg.", wi_status_split},
+        {"PE 11, widovapp.c bad arg.", "PE 12, widovapp.c: bad arg.", wi_dovapp_label, shell},
+        {"PE 9, wibutary.c: bad arg.", "PE 6, wibutary.c: bad arg.", wi_butary_button},
+        {"PE 9, wibutary.c: bad arg.", "PE 10, wibutary.c: bad arg.", wi_butary_blank},
+        {"PE 9, wibutary.c: bad arg.", "PE 9, wibutary.c: bad arg.", wi_butary_setstate},
+        {"PE 12, wibutary.c: bad arg.", "PE 12, wibutary.c: bad arg.", wi_butary_getstate},
+        {"PE 12, wicolorbut.c: bad arg.", "PE 12, wicolorbut.c: bad arg.", wi_colorbut_getary},
+        {"PE 5, wiynbox.c: bad object.", "PE 6, wiynbox.c: Bad Object.", wi_ynbox_setquestion, ynbox},
+        {"PE 6, wiynbox.c: Bad Object.", "PE 6, wiynbox.c: Bad Object.", wi_ynbox_popup},
+        {"PE 4, wifilebox.c: Bad Object.", "PE 4, wifilebox.c: Bad Object.", wi_filebox_getname},
+        {"PE 11, wifilebox.c: Bad Object.", "PE 12, wifilebox.c: Bad Object.", wi_filesel_setdir, file},
+        {"PE 13, wifilesel.c: bad arg.", "PE 13, wifilesel.c: bad arg.", wi_filesel_putstr},
+        {"PE 14, wifilesel.c: bad arg.", "PE 14, wifilesel.c: bad arg.", wi_filesel_getstr},
+        {no_mode, no_mode, wi_togary_setmode},
+        {message_box, message_box, wi_msgbox_setmsg},
+        {edit_box + "getstr" + null_box, edit_box + "getstr" + no_box, wi_editbox_getstr},
+        {edit_box + "putstr" + null_box, edit_box + "putstr" + no_box, wi_editbox_putstr},
+        {edit_box + "setmsg" + null_box, edit_box + "setmsg" + no_box, wi_editbox_setmsg},
+        {"Bad Wi_obj passed to wi_filebox_setdir",
+         "You attempted to call wi_filebox_setdir with an object that is not a filebox.", wi_filebox_setdir},
+        {"Bad Wi_obj passed to wi_filebox_setmsg",
+         "You attempted to call wi_filebox_setmsg with an object that is not a filebox.", wi_filebox_setmsg},
+        {"Bad parameter to wi_form_parent.",
+         "Bad parameter to wi_form_parent. The object parameter must be a form object .", wi_form_parent}};
+    for (const refusal &r : table)
+        expect_refusal(r, label);
+    for (const auto put : {wi_editbox_putstr, wi_editbox_setmsg})
+        EXPECT_EQ(exit_message([=] { put(editbox, nullptr); }), no_text);
+}
+
+TEST_F(ProgramErrors, OfControls)
+{
+    const std::string get = "Bad index passed to wi_togary_getstate.", set = "Bad index passed to wi_togary_setstate.";
+    const std::string mode = "Bad mode passed to wi_togary_setmode.", full = "PE 7, wibutary.c: button array full.";
+    const std::string name = "Invalid parameter to wi_butary_setstate: Bad button name.";
+    expect_messages(
+        {{"PE 7, wibutton.c: bad arg.", [&] { wi_set_state(push, 1); }},
+         {"PE 10, wibutton.c: bad arg.", [&] { wi_get_state(push); }},
+         {"PE 2, wiynbox.c: Must provide parent object.", [] { wi_mk_ynbox(nullptr, "", nullptr, 0, nullptr, 0); }},
+         {"PE 2, wifilebox.c: Must provide parent object.", [] { wi_mk_filebox(nullptr, "", "", nullptr, nullptr); }},
+         {"PE 1, widrect.c: bad arg.", [&] { wi_mk_filesel(area(), "", "", 1); }},
+         {full, [&] { wi_butary_button(buttons, "", 0, nullptr, 0); }},
+         {full, [&] { wi_butary_blank(buttons); }},
+         {name, [&] { wi_butary_setstate(buttons, "A", 0); }},
+         {name, [&] { wi_butary_setstate(buttons, nullptr, 0); }},
+         {"PE 14, wibutary.c: Unknown button name.", [&] { wi_butary_getstate(buttons, "A"); }},
+         {"PE 3, witogary.c: bad arguments.", [&] { wi_mk_togary(area(), no_names, 0); }},
+         {"PE 3, witogary.c: bad arguments.", [&] { wi_mk_togary(area(), nullptr, 0); }},
+         {get, [&] { wi_togary_getstate(toggles, -1); }},
+         {get, [&] { wi_togary_getstate(toggles, 1); }},
+         {set, [&] { wi_togary_setstate(toggles, -1, 1); }},
+         {"", [&] { wi_togary_setstate(toggles, 1, 1); }},
+         {set, [&] { wi_togary_setstate(toggles, 2, 1); }},
+         {mode, [&] { wi_togary_setmode(toggles, 4); }},
+         {mode, [&] { wi_togary_setmode(toggles, -1); }},
+         {"PE 12, wicolorbut.c: bad arg.", [&] { wi_colorbut_getary(color, nullptr); }},
+         {"PE 4, wiicon.c: bad arg.", [] { wi_icon(nullptr, 1); }}});
+}
+
+TEST_F(ProgramErrors, OfContainersAndWindows)
+{
     const std::string crop = "Bad argument to wi_mk_rectary.  Crop value is invalid.";
     const std::string coords = "Bad coordinates in wi_form_parent: ";
-    expect_numbers("widovapp.c", label, {{9, with(wi_dovapp_quit, 1, "", nullptr, 0)}});
-    expect_numbers("widrect.c", label, {{9, with(wi_drect_split, 0.5)}});
     expect_messages({{"You tried to create a dovapp object without a title.  Please specify a title.",
                       [] { wi_mk_dovapp(nullptr, nullptr); }},
-                     {"PE 11, widovapp.c bad arg.", [] { wi_dovapp_label(nullptr, "x"); }},
-                     {"PE 11, widovapp.c bad arg.", [=] { wi_dovapp_label(form->shell, nullptr); }},
-                     {"PE 12, widovapp.c: bad arg.", [=] { wi_dovapp_label(label, "x"); }},
-                     {"PE 1, wiform.c: Bad arg.", [=] { wi_mk_form(label, 0, 1); }},
-                     {"PE 1, wiform.c: Bad arg.", [=] { wi_mk_form(label, 1, -2.5); }},
-                     {"Bad parameter to wi_form_parent.", [] { wi_form_parent(nullptr, 0, 0, 1, 1); }},
-                     {"Bad parameter to wi_form_parent. The object parameter must be a form object .",
-                      [=] { wi_form_parent(label, 0, 0, 1, 1); }},
+                     {"PE 1, wiform.c: Bad arg.", [&] { wi_mk_form(label, 0, 1); }},
+                     {"PE 1, wiform.c: Bad arg.", [&] { wi_mk_form(label, 1, -2.5); }},
                      {coords + "10.000000 100.000100 20.000000 40.000000 100.000000 100.000000",
-                      [=] { wi_form_parent(form, 10, 20, 100.0001, 40); }},
+                      [&] { wi_form_parent(form, 10, 20, 100.0001, 40); }},
                      {coords + "1.000000 3.000000 2.000000 30.500000 20.000000 20.000000",
                       [] { wi_form_parent(wi_mk_form(nullptr, 20, 30), 1, 2, 3, 30.5); }},
                      {coords + "0.000000 1.000000 -0.500000 1.000000 100.000000 100.000000",
-                      [=] { wi_form_parent(form, 0, -0.5, 1, 1); }},
-                     {crop, [=] { wi_mk_rectary(label, 1, 1, 1, 0); }},
-                     {crop, [=] { wi_mk_rectary(label, 1, 1, 0, -0.01); }},
-                     {"PE 1, widrect.c: bad arg.", [=] { wi_mk_drect(label, 0, 0); }},
-                     {"PE 1, widrect.c: bad arg.", [=] { wi_mk_drect(label, 2, 1); }},
-                     {"PE 2, widrect.c bad arg.", [=] { wi_mk_drect(label, 2, 0.5); }}});
+                      [&] { wi_form_parent(form, 0, -0.5, 1, 1); }},
+                     {crop, [&] { wi_mk_rectary(label, 1, 1, 1, 0); }},
+                     {crop, [&] { wi_mk_rectary(label, 1, 1, 0, -0.01); }},
+                     {"PE 1, widrect.c: bad arg.", [&] { wi_mk_drect(label, 0, 0); }},
+                     {"PE 1, widrect.c: bad arg.", [&] { wi_mk_drect(label, 2, 1); }},
+                     {"PE 2, widrect.c bad arg.", [&] { wi_mk_drect(label, 2, 0.5); }}});
 }
 
-TEST(ProgramErrors, OfTheTree)
+TEST_F(ProgramErrors, OfTheTree)
 {
     const std::string one =
         "You attempted to add a child to an object, but it already has a child.  The object only supports one child.";
@@ -175,38 +267,36 @@ TEST(ProgramErrors, OfTheTree)
                             "object only support 2 children.";
     const std::string full = "You attempted to add a child to a rectangle array, but it already is filled.";
     const std::string size = "Bad parameter to wi_size", findnext = "Bad parameter to wi_activate_findnext";
-    const kinds &k = have();
-    wi_obj *shell = k.form->shell, *label = k.label;
-    wi_obj *drect = wi_mk_drect(k.area(), 1, 0.5), *grid = wi_mk_rectary(k.area(), 1, 2, 0, 0);
-    wi_obj *none = wi_mk_rectary(k.area(), 0, 5, 0, 0), *frame = wi_mk_frame(k.area());
+    wi_obj *drect = wi_mk_drect(area(), 1, 0.5), *grid = wi_mk_rectary(area(), 1, 2, 0, 0);
+    wi_obj *none = wi_mk_rectary(area(), 0, 5, 0, 0), *frame = wi_mk_frame(area());
     for (wi_obj *parent : {drect, drect, grid, grid, frame})
         wi_mk_label(parent, "", 0);
     wi_obj orphan{}, *o = &orphan;
     orphan.type = wi_type_label;
     expect_messages(
-        {{"Bad parameter to addchild", [=] { addchild(label, nullptr); }},
-         {one, [=] { addchild(label, shell); }},
-         {one, [=] { addchild(label, frame); }},
-         {two, [=] { addchild(label, drect); }},
-         {full, [=] { addchild(label, grid); }},
-         {full, [=] { addchild(label, none); }},
-         {"Error: cannot add a child to that object.", [=] { addchild(label, k.form); }},
-         {"Error: cannot add a child to that object.", [=] { addchild(label, label); }},
+        {{"Bad parameter to addchild", [&] { addchild(label, nullptr); }},
+         {one, [&] { addchild(label, shell); }},
+         {one, [&] { addchild(label, frame); }},
+         {two, [&] { addchild(label, drect); }},
+         {full, [&] { addchild(label, grid); }},
+         {full, [&] { addchild(label, none); }},
+         {"Error: cannot add a child to that object.", [&] { addchild(label, form); }},
+         {"Error: cannot add a child to that object.", [&] { addchild(label, label); }},
          {"Bad Wi object passed to wi_size.", [] { wi_size(nullptr, 1, 1); }},
-         {size, [=] { wi_size(label, 1, 1); }},
-         {size, [=] { wi_position(label, 1, 1); }},
+         {size, [&] { wi_size(label, 1, 1); }},
+         {size, [&] { wi_position(label, 1, 1); }},
          {size, [] { wi_position(nullptr, 1, 1); }},
          {"Bad parameter to wi_activate_first", [] { wi_activate_first(nullptr); }},
-         {"Bad parameter to wi_activate_first: bad window type ", [=] { wi_activate_first(k.incdec); }},
+         {"Bad parameter to wi_activate_first: bad window type ", [&] { wi_activate_first(incdec); }},
          {"bad wi object passed to wi_activate_next", [] { wi_activate_next(nullptr); }},
-         {findnext, [=] { wi_activate_next(o); }},
-         {findnext, [=] { wi_activate_findnext(nullptr, o); }},
-         {findnext, [=] { wi_activate_findnext(shell, nullptr); }},
-         {"Could not activate this window type in wi_activate_findnext", [=] { wi_activate_findnext(label, o); }}});
+         {findnext, [&] { wi_activate_next(o); }},
+         {findnext, [&] { wi_activate_findnext(nullptr, o); }},
+         {findnext, [&] { wi_activate_findnext(shell, nullptr); }},
+         {"Could not activate this window type in wi_activate_findnext", [&] { wi_activate_findnext(label, o); }}});
     orphan.type = 10;
     orphan.ison = 1;
-    expect_messages({{"You cannot turn on that object with wi_on", [=] { wi_on(o); }},
-                     {"You cannot turn off that object with wi_off", [=] { wi_off(o); }}});
+    expect_messages({{"You cannot turn on that object with wi_on", [&] { wi_on(o); }},
+                     {"You cannot turn off that object with wi_off", [&] { wi_off(o); }}});
 }
 
 } // namespace

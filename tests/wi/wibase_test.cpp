@@ -1,5 +1,6 @@
 #include "dovsys/dovsys.h"
 #include "wi/wicmdline.h"
+#include "wi/wifilter.h"
 #include "wi/wistate.h"
 #include "wi/wiutil.h"
 
@@ -64,6 +65,27 @@ TEST(NumberFormat, FollowsTheFieldsRules)
         char text[40];
         wi_format(text, row.value, row.decimals);
         EXPECT_STREQ(text, row.text) << row.value << " with " << row.decimals;
+    }
+}
+
+TEST(FileFilter, OffersTheFilesOfTheDefaultPathFirst)
+{
+    using namespace std::string_literals;
+    const std::string rest = "DOV Files\0*.iq;*.rea;*.pks;*.spl;*.dop;*.gat;*.img;*.vec\0All Files (*.*)\0*.*\0\0"s;
+    const struct {
+        std::string path, directory, first;
+    } table[] = {{"c:\\data\\*.rea", "c:\\data", "REA Files (*.REA)\0*.rea\0"s},
+                 {"*.*", "", ""},
+                 {"c:\\data\\", "c:\\data", ""},
+                 {"c:\\rel1.2\\data", "c:\\rel1.2", ""},
+                 {"c:*.iq", "c:", "IQ Files (*.IQ)\0*.iq\0"s},
+                 {"dir:*.iq", "", "IQ Files (*.IQ)\0dir:*.iq\0"s},
+                 {"\\a.b.C1", "", "C1 Files (*.C1)\0a.b.C1\0"s},
+                 {"x.", "", ""},
+                 {"", "", ""}};
+    for (const auto &[path, directory, first] : table) {
+        EXPECT_EQ(filestringparser(path).directory, directory) << path;
+        EXPECT_EQ(wi_file_filter(filestringparser(path)), first + rest) << path;
     }
 }
 

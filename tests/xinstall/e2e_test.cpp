@@ -87,11 +87,6 @@ protected:
         ADD_FAILURE() << "cannot remove " << root;
     }
 
-    void write(const char *name, const std::string &content) const
-    {
-        std::ofstream(from / name, std::ios::binary) << content;
-    }
-
     static std::string edited(const std::string &text, const std::wstring &dir)
     {
         return replaced(replaced(text, "default_location", utf8(dir)), "program_name", "TANSY_DEMO");
@@ -133,7 +128,7 @@ TEST_F(Installer, AsksTakesWhatIsTypedInstallsAndEndsWhenAcknowledged)
     EXPECT_EQ(installer.prompt(), L"Where would you like to place the files for TANSY_DEMO?  Enter the full path name "
                                   L"below.");
     EXPECT_EQ(installer.location(), L"c:\\program files\\");
-    EXPECT_TRUE(installer.field_has_focus());
+    EXPECT_TRUE(installer.has_focus(installer.field()));
     installer.type_location(to.wstring() + L"\\");
     EXPECT_EQ(installer.location(), to.wstring() + L"\\");
     installer.click(L"OK");
@@ -215,52 +210,6 @@ TEST_F(Installer, RefusesPlacesThatCannotBeWrittenAndStays)
     EXPECT_EQ(installer.exit_status(), 0);
 }
 
-TEST_F(Installer, TellsWhichProductFilesItCouldNotEditAndGoesOn)
-{
-    using namespace std::string_literals;
-    const std::wstring product = to.wstring() + L"\\TANSY_DEMO\\";
-    const std::wstring no_env = wrapped(L"Unable to open file " + product + L"TANSY_DEMO.env for reading!") + L"\n\n";
-    const std::wstring no_bat =
-        wrapped(L"Unable to open file " + product + L"TANSY_DEMO_install.bat for reading!") + L"\n\n";
-    const std::wstring too_large = L"Not enough space in buffer to edit!\n\n";
-    const std::string line = "default_location\r\n"; // 17 characters as text
-    const struct {
-        const char *what;
-        bool no_batch; // the batch file is taken away, so that the environment file alone is looked at
-        bool missing;
-        std::string env, after;
-        std::wstring messages;
-    } cases[] = {
-        {"no environment file", true, true, "", "", no_bat + no_bat + no_env + no_env},
-        {"no batch file", true, false, "x\r\n", "x\r\n", no_bat + no_bat},
-        {"empty", true, false, "", "", no_bat + no_bat},
-        {"99999 bytes", true, false, std::string(99999, 'x'), "", no_bat + no_bat + too_large},
-        {"100000 bytes", true, false, line + std::string(99983, 'x'), "", no_bat + no_bat + too_large + too_large},
-        {"long lines, NUL bytes, LF ends, no last end", true, false,
-         "a\0b\n"s + std::string(700, 'y') + "\nprogram_name\0c"s,
-         "a\0b\r\n"s + std::string(700, 'y') + "\r\nTANSY_DEMO\0c"s, no_bat + no_bat},
-    };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.what);
-        fs::remove_all(to / "TANSY_DEMO");
-        fs::remove(from / "TANSY_DEMO_install.bat");
-        write("TANSY_DEMO.env", c.env);
-        if (c.missing)
-            fs::remove(from / "TANSY_DEMO.env");
-        installer_process installer(from);
-        ASSERT_TRUE(installer.found());
-        installer.set_location(to.wstring());
-        installer.press(L"OK");
-        EXPECT_EQ(installer.message(), c.messages + complete);
-        tree expected = {{L"TANSY_DEMO", "<dir>"}};
-        if (!c.missing)
-            expected[L"TANSY_DEMO\\TANSY_DEMO.env"] = c.after.empty() ? c.env : c.after;
-        EXPECT_TRUE(tree_of(to) == expected);
-        installer.press(L"ACKNOWLEDGE");
-        EXPECT_EQ(installer.exit_status(), 0);
-    }
-}
-
 TEST_F(Installer, CollectsMessagesUntilTheyAreAcknowledged)
 {
     installer_process installer(from);
@@ -268,7 +217,7 @@ TEST_F(Installer, CollectsMessagesUntilTheyAreAcknowledged)
     const std::wstring failure = wrapped(cannot_write(L"Q:\\nowhere"));
     installer.set_location(L"Q:\\nowhere\\");
     installer.press(L"OK");
-    EXPECT_TRUE(installer.button_has_focus(L"ACKNOWLEDGE"));
+    EXPECT_TRUE(installer.has_focus(installer.button(L"ACKNOWLEDGE")));
     const int height = installer.message_height();
     installer.press(L"OK");
     EXPECT_EQ(installer.message(), failure + L"\n\n" + failure);
@@ -293,6 +242,8 @@ TEST_F(Installer, TakesNoLocationFromTheCommandLineAndCancelsWithoutATrace)
         installer_process installer(from, arguments);
         ASSERT_TRUE(installer.found());
         EXPECT_EQ(installer.location(), L"c:\\program files\\");
+        send(installer.field(), WM_RBUTTONUP);
+        EXPECT_TRUE(child(installer.window(L"Help"), L"Edit", L"Location\r\nThe directory in which"));
         installer.press(L"Cancel");
         EXPECT_EQ(installer.exit_status(), 0);
     }

@@ -1,50 +1,65 @@
-// Drives the installer from another process, as a person would: finds its windows, types, presses and reads.
+// The installer as a process: what a person does with it.
 #pragma once
 
-#include <filesystem>
-#include <string>
-#include <windows.h>
+#include "support/program_process.h"
 
-// The running installer; the destructor ends it when it has not ended itself. Everything waits for a limited time.
-class installer_process {
+class installer_process : public program_process {
 public:
-    // Started in `dir` with `arguments` behind the program's name. Check found().
-    explicit installer_process(const std::filesystem::path &dir, const std::wstring &arguments = L"");
-    ~installer_process();
-    installer_process(const installer_process &) = delete;
-    installer_process &operator=(const installer_process &) = delete;
+    explicit installer_process(const std::filesystem::path &dir, const std::wstring &arguments = L"")
+        : program_process(L"xinstall.exe", dir, arguments)
+    {
+        top = wait_for_window(L" ");
+        wait_until([this] { return !prompt().empty(); });
+    }
 
-    bool found() const { return window != nullptr; }
+    bool found() const { return top != nullptr; }
+    HWND field() const { return child(top, L"Edit"); }
+    std::wstring prompt() const { return text_of(child(top, L"Static", L"Where")); }
+    std::wstring location() const { return text_of(field()); }
 
-    std::wstring prompt() const { return text_of(child(window, L"Static", L"Where")); }
-    std::wstring location() const { return text_of(child(window, L"Edit")); }
-    void set_location(const std::wstring &location) const;  // as one text
-    void type_location(const std::wstring &location) const; // key by key, in place of what is there
+    // As one text.
+    void set_location(const std::wstring &location) const
+    {
+        send(field(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(location.c_str()));
+    }
+    // Key by key, in place of what is there.
+    void type_location(const std::wstring &location) const
+    {
+        send(field(), EM_SETSEL, 0, -1);
+        for (const wchar_t c : location)
+            PostMessageW(field(), WM_CHAR, c, 1);
+        wait_until([&] { return this->location().size() >= location.size(); });
+    }
 
-    // Tells the program that the button of that caption was pressed, and returns when it has done what follows.
-    void press(const wchar_t *caption) const;
+    void press(const wchar_t *caption) const { ::press(button(caption)); }
     // Clicks the button with the mouse, and does not wait for what follows.
-    void click(const wchar_t *caption) const;
+    void click(const wchar_t *caption) const
+    {
+        PostMessageW(button(caption), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+        PostMessageW(button(caption), WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+    }
     // Clicks until the program ends: a click is lost when a console takes the focus in the middle of it.
-    void click_to_end(const wchar_t *caption) const;
+    void click_to_end(const wchar_t *caption) const
+    {
+        wait_until([&] { return click(caption), wait_for_end(1000); });
+    }
 
+    HWND popup() const { return window(L"Message"); }
     bool has_message() const { return popup() != nullptr; }
-    bool wait_for_message() const;
-    std::wstring message() const; // of the pop-up, or "(no message)"
-    int message_height() const;
-    bool field_has_focus() const { return has_focus(child(window, L"Edit")); }
-    bool button_has_focus(const wchar_t *caption) const { return has_focus(button(caption)); }
-
-    int exit_status() const; // waits for the end; STILL_ACTIVE when it does not come
+    bool wait_for_message() const { return wait_for_window(L"Message") != nullptr; }
+    std::wstring message() const { return has_message() ? text_of(child(popup(), L"Static")) : L"(no message)"; }
+    int message_height() const
+    {
+        RECT rect = {};
+        GetWindowRect(popup(), &rect);
+        return static_cast<int>(rect.bottom - rect.top);
+    }
+    HWND button(const wchar_t *caption) const
+    {
+        const HWND in_window = child(top, L"Button", caption);
+        return in_window ? in_window : child(popup(), L"Button", caption);
+    }
 
 private:
-    HWND main_window() const;
-    HWND popup() const;
-    HWND button(const wchar_t *caption) const;
-    bool has_focus(HWND control) const; // waits for it
-    static HWND child(HWND parent, const wchar_t *class_name, const std::wstring &start_of_text = L"");
-    static std::wstring text_of(HWND window);
-
-    PROCESS_INFORMATION process = {};
-    HWND window = nullptr;
+    HWND top = nullptr;
 };
