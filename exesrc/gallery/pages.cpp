@@ -195,6 +195,7 @@ void lock_colour(wi_obj *wo, int /*tag*/)
 
 void build_colours(wi_obj *form)
 {
+    wi_hlp_set_srchstr("help:gallery:Colours"); // it has no label
     colour = wi_mk_colorbut(area(form, 2, 4, 40, 40));
     wi_colorbut_setcolor(colour, 3);
     wi_colorbut_chng_cb(colour, say_colour, 0);

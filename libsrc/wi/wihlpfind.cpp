@@ -120,13 +120,11 @@ std::size_t find_line(std::string_view table, std::string_view beginning, std::s
     return std::min(find_folded(table, wanted, from) + 1, table.size());
 }
 
-// The same for a line of level `deepest` or a higher one; `from` is not the table's first line.
-std::size_t find_shallow_line(std::string_view table, std::size_t deepest, std::size_t from)
+// The same for a line whose first character passes the test; `from` is not the table's first line.
+template <class Test>
+std::size_t find_line_where(std::string_view table, std::size_t from, Test test)
 {
-    const char last = static_cast<char>('0' + deepest);
-    const auto is_at = [=](const char *p) {
-        return (static_cast<int>(p[-1] == '\n') & static_cast<int>(p[0] >= '0') & static_cast<int>(p[0] <= last)) != 0;
-    };
+    const auto is_at = [=](const char *p) { return (static_cast<int>(p[-1] == '\n') & test(p[0])) != 0; };
     while (from < table.size() && !is_at(table.data() + from)) {
         std::size_t places = std::min(block, table.size() - from);
         if (places < block || any_in_block(table.data() + from, is_at))
@@ -136,6 +134,23 @@ std::size_t find_shallow_line(std::string_view table, std::size_t deepest, std::
         from += places;
     }
     return from;
+}
+
+// A line of level `deepest` or a higher one.
+std::size_t find_shallow_line(std::string_view table, std::size_t deepest, std::size_t from)
+{
+    const char last = static_cast<char>('0' + deepest);
+    return find_line_where(table, from,
+                           [=](char c) { return static_cast<int>(c >= '0') & static_cast<int>(c <= last); });
+}
+
+// The lines up to the first that begins with no digit.
+std::string_view sound_lines(std::string_view table)
+{
+    const auto is_foreign = [](char c) { return static_cast<int>(c < '0') | static_cast<int>(c > '9'); };
+    if (table.empty() || is_foreign(table[0]))
+        return {};
+    return table.substr(0, find_line_where(table, 1, is_foreign));
 }
 
 std::size_t next_line(std::string_view table, std::size_t begin)
@@ -172,13 +187,14 @@ std::optional<wi_hlp_line> find_topic(std::string_view table, std::size_t from, 
 }
 
 // Enters topic after topic; of the last one, which is in the line `first` or later, the whole name counts more than its
-// beginning, unless that counts nothing.
-std::optional<wi_hlp_line> descend(std::string_view table, const key_parts &parts, std::size_t first, bool beginnings)
+// beginning, unless that counts nothing. `entered` becomes the number of topics entered.
+std::optional<wi_hlp_line> descend(std::string_view table, const key_parts &parts, std::size_t first, bool beginnings,
+                                   std::size_t &entered)
 {
     std::size_t from = 0;
     const std::size_t last = parts.size() - 1;
-    for (std::size_t level = 0; level < last; ++level) {
-        const auto line = find_topic(table, from, from, level, parts[level], false);
+    for (entered = 0; entered < last; ++entered) {
+        const auto line = find_topic(table, from, from, entered, parts[entered], false);
         if (!line)
             return std::nullopt;
         from = line->next;
@@ -196,6 +212,41 @@ std::string_view slot_name(std::string_view table, std::size_t begin)
     const std::optional<wi_hlp_line> line = line_at(table, begin);
     return line ? line->name.substr(0, slot_length) : std::string_view();
 }
+
+// The topics above a line of a table, for lines in increasing order. Of each level the lines are looked at once.
+class topics_above {
+public:
+    explicit topics_above(std::string_view lines) : table(lines) {}
+
+    // Names of the topics above the line at `begin` and of its own, joined with colons.
+    std::string key_of(std::size_t begin)
+    {
+        const auto level = static_cast<std::size_t>(table[begin] - '0');
+        if (level > 0)
+            look_on(begin, level - 1);
+        latest[level] = begin;
+        std::string key;
+        for (std::size_t i = 0; i <= level; ++i)
+            key.append(i > 0 ? ":" : "").append(latest[i] ? slot_name(table, *latest[i]) : "");
+        return key;
+    }
+
+private:
+    // Notes the latest lines before `begin` of the levels down to `deepest`.
+    void look_on(std::size_t begin, std::size_t deepest)
+    {
+        std::size_t from = looked_at[deepest];
+        if (from == 0 && begin > 0)
+            latest[static_cast<std::size_t>(table[0] - '0')] = 0;
+        while ((from = find_shallow_line(table.substr(0, begin), deepest, from + 1)) < begin)
+            latest[static_cast<std::size_t>(table[from] - '0')] = from;
+        std::fill_n(looked_at.begin(), deepest + 1, begin);
+    }
+
+    std::string_view table;
+    std::array<std::optional<std::size_t>, levels> latest; // line of each level
+    std::array<std::size_t, levels> looked_at{};           // how far lines of each level are noted
+};
 
 void prefer(std::vector<std::string> &matches, std::string_view key)
 {
@@ -230,9 +281,11 @@ wi_hlp_place wi_hlp_find(std::string_view table, std::string_view key)
     if (!place.keyword.empty() && first == table.size())
         return place;
     const std::size_t first_line = table.rfind('\n', first) + 1;
+    std::size_t entered = levels; // by the try before, which this one follows in all but its last two parts
     for (std::size_t fallbacks = 0;; ++fallbacks) {
         const bool last_try = fallbacks > 1 || parts.size() == 1;
-        place.line = descend(table, parts, first_line, !last_try);
+        if (fallbacks == 0 || entered >= parts.size() - 2)
+            place.line = descend(table, parts, first_line, !last_try, entered);
         if (place.line && fallbacks > 0)
             place.fallback = join(parts);
         if (place.line || last_try)
@@ -269,24 +322,18 @@ std::vector<std::string> wi_hlp_search(std::string_view table, std::string_view 
 {
     std::vector<std::string> matches;
     const std::string keyword = upper(last_part(key));
-    std::array<std::optional<std::size_t>, levels> slots; // the latest line of each level
+    table = sound_lines(table);
+    topics_above above(table);
     std::size_t place = keyword.empty() ? table.size() : find_folded(table, keyword, 0);
-    for (std::size_t begin = 0, next = 0; place < table.size() && begin < table.size(); begin = next) {
-        if (!wi_hlp_is_digit(table[begin]))
-            break;
-        next = next_line(table, begin);
-        const auto level = static_cast<std::size_t>(table[begin] - '0');
-        slots[level] = begin;
-        if (place < begin + 2)
-            place = find_folded(table, keyword, begin + 2);
-        if (place >= next || place + keyword.size() > begin + 2 + slot_name(table, begin).size())
-            continue;
-        std::string match;
-        for (std::size_t i = 0; i <= level; ++i)
-            match.append(i > 0 ? ":" : "").append(slots[i] ? slot_name(table, *slots[i]) : "");
-        matches.push_back(match.substr(0, wi_hlp_match_length));
-        if (matches.size() == wi_hlp_match_limit)
-            break;
+    while (place < table.size() && matches.size() < wi_hlp_match_limit) {
+        const std::size_t begin = table.substr(0, place + 1).rfind('\n') + 1; // npos + 1 is 0
+        std::size_t from = begin + 2;                                         // where the name begins
+        if (place >= from) {
+            if (place + keyword.size() <= from + slot_name(table, begin).size())
+                matches.push_back(above.key_of(begin).substr(0, wi_hlp_match_length));
+            from = next_line(table, begin);
+        }
+        place = find_folded(table, keyword, from);
     }
     if (matches.size() > 1)
         prefer(matches, key);
