@@ -1,6 +1,8 @@
 // What the toolkit adds to the window system: a form with labelled string fields is built, shown and resized.
 //   gui_bench N RESIZES   N windows of controls (N / 2 fields), then RESIZES sizes of the window
 //   gui_bench lookup      windows found in a table of 20 and of 20000
+//   gui_bench record      actions recorded with the values of 480 fields, and as many bytes written as one record has
+//   gui_bench record      actions recorded with the values of 480 fields, and the same bytes written once each
 // Prints tab-separated lines: case, "ours", n, metric, value. Of a resize the mean over the sizes is printed.
 #include <windows.h>
 
@@ -108,6 +110,48 @@ void measure_lookup(int windows)
         print("getwiobject", windows, "ns", elapsed * 1e6 / rounds);
 }
 
+// The mean over many calls, in microseconds.
+template <class Function>
+double us_each(int times, Function function)
+{
+    const double start = now_ms();
+    for (int i = 0; i < times; ++i)
+        function();
+    return (now_ms() - start) * 1e3 / times;
+}
+
+void write_bytes(const char *name, const std::string &bytes)
+{
+    std::FILE *file = std::fopen(name, "ab");
+    std::fwrite(bytes.data(), 1, bytes.size(), file);
+    std::fclose(file);
+}
+
+std::size_t size_of(const char *name)
+{
+    std::FILE *file = std::fopen(name, "rb");
+    std::fseek(file, 0, SEEK_END);
+    const long size = std::ftell(file);
+    std::fclose(file);
+    return static_cast<std::size_t>(size);
+}
+
+void measure_record()
+{
+    constexpr int fields = 480, times = 200;
+    wi_journal_init("bench", "gui_bench.jrl", nullptr);
+    build(2 * fields);
+    wi_obj *button = wi_mk_button(wi_form_parent(wi_mk_form(nullptr, 1, 1), 0, 0, 1, 1), "Go", 0, nullptr, 0);
+    wi_journal_write(button, 0);
+    const double recorded = us_each(times, [button] { wi_journal_write(button, 0); });
+    const std::string bytes(size_of("gui_bench.jrl") / (times + 1), 'x');
+    const double written = us_each(times, [&bytes] { write_bytes("gui_bench.raw", bytes); });
+    std::remove("gui_bench.jrl");
+    std::remove("gui_bench.raw");
+    print("journal-record", fields, "us-a-record", recorded);
+    print("journal-record", fields, "us-its-bytes-written", written);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -115,6 +159,10 @@ int main(int argc, char **argv)
     if (argc == 1 && std::strcmp(argv[1], "lookup") == 0) {
         measure_lookup(20);
         measure_lookup(20000);
+        std::exit(0);
+    }
+    if (argc == 1 && std::strcmp(argv[1], "record") == 0) {
+        measure_record();
         std::exit(0);
     }
     if (argc != 2)

@@ -19,7 +19,8 @@ set(wi_warnings
     -Wall -Wextra -Werror -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wcast-qual
     -Wformat=2 -Wundef -Wimplicit-fallthrough -Wnon-virtual-dtor)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  list(APPEND wi_warnings -Wduplicated-cond -Wlogical-op)
+  # -Wrestrict of GCC 12 takes fright at text + std::string.
+  list(APPEND wi_warnings -Wduplicated-cond -Wlogical-op -Wno-restrict)
 endif()
 
 if(WIN32)

@@ -1,5 +1,8 @@
-// The gallery's window: a button for each page, the page, and a status line that tells what happens.
+// The gallery's window: a menu bar, a button for each page, the page, and a status line that tells what happens.
+//
+// gallery journal FILE   Records what the user does in the file; the Journal Manager replays it.
 
+#include "dovsys/dovsys.h"
 #include "gallery.h"
 
 #include <vector>
@@ -27,17 +30,20 @@ void gallery_say(const std::string &what)
 int main(int argc, char **argv)
 {
     wi_main_init(&argc, argv);
+    if (argc > 1 && c_iseq(argv[1], "journal")) // before the objects, which are known by their order
+        wi_journal_init("gallery", argv[2], gallery_restart);
     wi_hlp_setprognm("gallery");
     wi_hlp_setlib_of_program("wi.hlp");
     wi_set_window_name("Gallery");
     wi_obj *window = wi_mk_form(nullptr, 100, 100);
     wi_size(window, 480, 310);
-    wi_position(window, 100, 60);
+    wi_position(window, 260, 60); // beside the Journal Manager
     const auto pages = gallery_pages();
-    wi_obj *buttons = wi_mk_butary(wi_form_parent(window, 1, 2, 17, 88), static_cast<int>(pages.size()), 1);
+    gallery_build_menu(wi_form_parent(window, 0, 0, 40, 6));
+    wi_obj *buttons = wi_mk_butary(wi_form_parent(window, 1, 8, 17, 89), static_cast<int>(pages.size()), 1);
     for (std::size_t i = 0; i < pages.size(); ++i) {
         wi_butary_button(buttons, pages[i].name, 0, show_page, static_cast<int>(i));
-        forms.push_back(wi_mk_form(wi_form_parent(window, 19, 2, 99, 88), 100, 100));
+        forms.push_back(wi_mk_form(wi_form_parent(window, 19, 8, 99, 89), 100, 100));
         pages[i].build(forms.back());
     }
     status = wi_mk_status(wi_form_parent(window, 1, 92, 99, 98), "Status:", 0.1);

@@ -4,6 +4,7 @@
 #include "gallery.h"
 
 #include <array>
+#include <vector>
 
 namespace {
 
@@ -38,6 +39,23 @@ void say_text(wi_obj *wo, int /*tag*/)
     gallery_say(label_of(wo) + " " + text_of(wi_get_string(wo)));
 }
 
+// ---- the state at the start ----
+
+struct start_state {
+    wi_obj *wo; // a field or a toggle button
+    std::string text;
+    int on;
+};
+std::vector<start_state> start;
+
+void keep(wi_obj *wo)
+{
+    if (wo->type == wi_type_button)
+        start.push_back({wo, "", wi_get_state(wo)});
+    else
+        start.push_back({wo, text_of(wi_get_string(wo)), 0});
+}
+
 // ---- Controls ----
 
 wi_obj *icon;
@@ -63,7 +81,7 @@ void build_controls(wi_obj *form)
         wi_mk_label(area(form, 2, 2 + 7 * i, 98, 9 + 7 * i), alignments[static_cast<std::size_t>(i)], i - 1);
     wi_obj *frame = wi_mk_form(wi_mk_frame(area(form, 2, 28, 60, 60)), 100, 100);
     wi_mk_button(area(frame, 5, 10, 45, 40), "Push button", 0, say_pressed, 1);
-    wi_mk_button(area(frame, 55, 10, 95, 40), "Toggle button", 1, say_state, 0);
+    keep(wi_mk_button(area(frame, 55, 10, 95, 40), "Toggle button", 1, say_state, 0));
     wi_mk_label(area(frame, 5, 62, 45, 85), "Up/down pair", -1);
     wi_mk_updownbut(area(frame, 55, 60, 95, 90), say_step, 1, say_step, -1);
     icon = wi_mk_icon(area(form, 66, 30, 78, 46), 1);
@@ -88,6 +106,8 @@ void build_fields(wi_obj *form)
     wi_incdecfld_botlim(stepped, 0);
     wi_incdecfld_toplim(stepped, 10);
     wi_incdecfld_set_cb(stepped, nullptr, 0, nullptr, 0, say_text, 0);
+    for (wi_obj *field : {string, number, stepped})
+        keep(field);
 }
 
 // ---- Choices ----
@@ -113,6 +133,7 @@ void build_choices(wi_obj *form)
     wi_listsel_selchng_cb(open, say_text, 0);
     wi_obj *file = wi_mk_filesel(area(form, 2, 32, 98, 40), "File:", "C:\\*.*", 0.2);
     wi_filesel_chng_cb(file, say_text, 0);
+    keep(file);
     wi_obj *array = wi_mk_butary(area(form, 2, 50, 98, 80), 2, 3);
     wi_butary_button(array, "One", 0, say_cell, 1);
     wi_butary_button(array, "Two", 0, say_cell, 2);
@@ -204,7 +225,7 @@ void build_colours(wi_obj *form)
     wi_listsel_selchng_cb(list, set_colour, 0);
     wi_mk_button(area(form, 46, 16, 98, 24), "Forbid this colour", 0, forbid_colour, 0);
     wi_mk_button(area(form, 46, 26, 98, 34), "Allow all colours", 0, allow_colours, 0);
-    wi_mk_button(area(form, 46, 36, 98, 44), "Lock the colour", 1, lock_colour, 0);
+    keep(wi_mk_button(area(form, 46, 36, 98, 44), "Lock the colour", 1, lock_colour, 0));
 }
 
 // ---- Boxes ----
@@ -270,7 +291,7 @@ void build_text(wi_obj *form)
 {
     page = wi_mk_editpage(area(form, 2, 2, 98, 84));
     wi_editpage_putstr(page, "An edit page holds text of many lines.\n\nIt scrolls both ways.\n");
-    wi_mk_button(area(form, 2, 88, 40, 97), "Read-only", 1, lock_page, 0);
+    keep(wi_mk_button(area(form, 2, 88, 40, 97), "Read-only", 1, lock_page, 0));
     wi_mk_button(area(form, 60, 88, 98, 97), "Count characters", 0, say_length, 0);
 }
 
@@ -289,18 +310,47 @@ void build_layout(wi_obj *form)
     }
 }
 
-constexpr std::array<gallery_page, 8> pages = {{{"Controls", build_controls},
-                                                {"Fields", build_fields},
-                                                {"Choices", build_choices},
-                                                {"Toggles", build_toggles},
-                                                {"Colours", build_colours},
-                                                {"Boxes", build_boxes},
-                                                {"Text", build_text},
-                                                {"Layout", build_layout}}};
+// ---- Services ----
+
+void say_hardcopy(wi_obj * /*wo*/, int /*tag*/)
+{
+    vghardcopy hardcopy{};
+    wi_hc_getenv(&hardcopy);
+    gallery_say("Printer type " + std::to_string(hardcopy.type) + ", queue " + hardcopy.queue);
+}
+
+void build_services(wi_obj *form)
+{
+    wi_hc_menu(area(form, 2, 4, 40, 12), "Hardcopy", say_hardcopy, 0);
+    wi_mk_button(area(form, 2, 16, 40, 24), "Printing Options", 0, win_cb, 0);
+    wi_journal_ignore_cb(wi_mk_button(area(form, 2, 28, 40, 36), "Journal Manager", 0, wi_journal_on, 0));
+}
+
+constexpr std::array<gallery_page, 10> pages = {{{"Controls", build_controls},
+                                                 {"Fields", build_fields},
+                                                 {"Choices", build_choices},
+                                                 {"Toggles", build_toggles},
+                                                 {"Colours", build_colours},
+                                                 {"Boxes", build_boxes},
+                                                 {"Text", build_text},
+                                                 {"Layout", build_layout},
+                                                 {"Drawing", gallery_build_drawing},
+                                                 {"Services", build_services}}};
 
 } // namespace
 
 std::span<const gallery_page> gallery_pages()
 {
     return pages;
+}
+
+void gallery_restart()
+{
+    for (const start_state &s : start) {
+        if (s.wo->type == wi_type_button)
+            wi_set_state(s.wo, s.on);
+        else
+            wi_set_string(s.wo, s.text.c_str());
+    }
+    gallery_clear_drawing();
 }

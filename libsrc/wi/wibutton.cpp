@@ -44,7 +44,7 @@ wi_obj *target_of(wi_obj *wo)
     return target ? target : wo;
 }
 
-void clicked(wi_obj *wo)
+void clicked(wi_obj *wo, int)
 {
     const wi_button *button = wo->obj.button;
     if (is_toggle(button))
@@ -57,6 +57,15 @@ void clicked(wi_obj *wo)
     button->cbfunc(target, button->tag);
 }
 
+void replay(wi_obj *wo, const wi_action & /*action*/)
+{
+    const wi_button *button = wo->obj.button;
+    if (is_toggle(button))
+        wi_button_setstate(wo, !wi_button_getstate(wo));
+    if (button->cbfunc)
+        button->cbfunc(wo, button->tag);
+}
+
 } // namespace
 
 const wi_type wi_button_row = {
@@ -64,6 +73,7 @@ const wi_type wi_button_row = {
     .place = wi_handle_place,
     .focus_enter = enter,
     .clicked = clicked,
+    .replay = replay,
     .set_label = wi_button_label,
     .set_string = wi_button_label,
     .set_state = wi_button_setstate,

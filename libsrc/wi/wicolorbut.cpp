@@ -78,7 +78,7 @@ void advancecolor(wi_obj *wo)
     wi_colorbut_setcolor(wo, steps < count ? (next + steps) % count : -1);
 }
 
-void clicked(wi_obj *wo)
+void clicked(wi_obj *wo, int)
 {
     const wi_colorbut *button = wo->obj.colorbut;
     if (!shows_color(button))

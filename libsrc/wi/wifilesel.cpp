@@ -30,10 +30,24 @@ char *get_label(wi_obj *wo)
     return wi_get_label(wo->obj.filesel->label);
 }
 
+void replay(wi_obj *wo, const wi_action & /*action*/)
+{
+    const wi_filebox *box = wo->obj.filesel->filebox->obj.filebox;
+    if (box->accept_cb)
+        box->accept_cb(wo, box->wo_accept);
+}
+
+wi_window value_window(const wi_obj *wo)
+{
+    return wo->obj.filesel->strfld->obj.strfld->editarea;
+}
+
 } // namespace
 
 const wi_type wi_filesel_row = {
     .show = show,
+    .replay = replay,
+    .value_window = value_window,
     .set_label = wi_filesel_label,
     .set_split = wi_filesel_split,
     .set_string = wi_filesel_putstr,

@@ -87,8 +87,10 @@ void wi_hlp_setstr(wi_obj *wo, const char *lab)
 
 void wi_hlp_srch(wi_obj *wo)
 {
-    if (wo && wo->hlp)
-        wi_hlp_show(*wo->hlp);
+    if (!wo || !wo->hlp)
+        return;
+    static_cast<wi_hlp_window &>(*wo->hlp) = window; // objects may be older: the printing options are
+    wi_hlp_show(*wo->hlp);
 }
 
 void wi_hlp_editable(int editable)

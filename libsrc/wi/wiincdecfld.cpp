@@ -41,10 +41,16 @@ void set_button(wi_obj *button, wi_obj *owner, wi_callback cb, int tag)
     button->obj.button->callbacktarget = owner;
 }
 
+wi_window value_window(const wi_obj *wo)
+{
+    return wo->obj.incdecfld->numfld->obj.numfld->editarea;
+}
+
 } // namespace
 
 const wi_type wi_incdecfld_row = {
     .show = show,
+    .value_window = value_window,
     .set_label = wi_incdecfld_label,
     .set_split = wi_incdecfld_split,
     .set_decimals = wi_incdecfld_decimals,

@@ -127,6 +127,12 @@ void selected(wi_obj *wo)
     changing = outer;
 }
 
+void replay(wi_obj *wo, const wi_action & /*action*/)
+{
+    if (wo->obj.listsel->selchng_cb)
+        call_back(wo);
+}
+
 char *get_label(wi_obj *wo)
 {
     return wi_window_text(wo->obj.listsel->labelarea);
@@ -161,6 +167,7 @@ const wi_type wi_listsel_row = {
     .place = place,
     .focus_enter = enter,
     .selected = selected,
+    .replay = replay,
     .set_label = wi_listsel_label,
     .set_split = wi_listsel_split,
     .set_string = wi_listsel_putstr,

@@ -5,6 +5,7 @@
 #include "wi/wicrsh.h"
 #include "wi/widrawarea.h"
 #include "wi/wimenubar.h"
+#include "wi/wistate.h"
 #include "wi/wiwindow.h"
 
 namespace {
@@ -55,11 +56,13 @@ void command(WPARAM wparam, HWND control)
     wi_obj *wo = getwiobject(control);
     if (!wo)
         return;
-    const auto act = HIWORD(wparam) == BN_CLICKED      ? wi_row(wo).clicked
-                     : HIWORD(wparam) == CBN_SELCHANGE ? wi_row(wo).selected
-                                                       : nullptr;
-    if (act)
-        act(wo);
+    if (HIWORD(wparam) == EN_CHANGE)
+        wi_journal_text_changed(control);
+    const wi_type &row = wi_row(wo);
+    if (HIWORD(wparam) == BN_CLICKED && row.clicked)
+        row.clicked(wo, LOWORD(wparam));
+    else if (HIWORD(wparam) == CBN_SELCHANGE && row.selected)
+        row.selected(wo);
 }
 
 void draw(const DRAWITEMSTRUCT &item)
@@ -94,6 +97,11 @@ void keep_focus(const wi_obj *wo, bool leaving)
 int isrunning()
 {
     return running;
+}
+
+void wi_set_running(int now)
+{
+    running = now;
 }
 
 // One case per message that the frame takes part in; the order is that of their frequency.
@@ -150,6 +158,7 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR cmdline, int)
     get_logical("ZOLT", nullptr);
     wi_application_main(argc, argv);
     running = 1;
+    exposedrawwindows();
     MSG msg;
     while (GetMessageW(&msg, nullptr, 0, 0) > 0) {
         TranslateMessage(&msg);

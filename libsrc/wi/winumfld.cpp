@@ -67,12 +67,25 @@ char *get_label(wi_obj *wo)
     return wi_window_text(wo->obj.numfld->labelarea);
 }
 
+void replay(wi_obj *wo, const wi_action & /*action*/)
+{
+    if (const wi_callback cr_cb = wo->obj.numfld->cr_cb)
+        cr_cb(wo, wo->obj.numfld->cr_tag);
+}
+
+wi_window value_window(const wi_obj *wo)
+{
+    return wo->obj.numfld->editarea;
+}
+
 } // namespace
 
 const wi_type wi_numfld_row = {
     .show = show,
     .place = place,
     .focus_enter = enter,
+    .replay = replay,
+    .value_window = value_window,
     .set_label = wi_numfld_label,
     .set_split = wi_numfld_split,
     .set_decimals = wi_numfld_decimals,

@@ -4,6 +4,9 @@
 
 namespace {
 
+constexpr const char *cannot_turn_on = "You cannot turn on that object with wi_on";
+constexpr const char *cannot_turn_off = "You cannot turn off that object with wi_off";
+
 void show_shell(wi_obj *shell, bool on)
 {
     if (!on) {
@@ -31,6 +34,12 @@ void show_tree(wi_obj *wo, bool on, const char *type_message)
     if (!row.show)
         wi_exit(type_message);
     row.show(wo, on);
+}
+
+void check_alone(const wi_obj *wo, const char *message)
+{
+    if (wi_row(wo).is_part && !wo->shell)
+        wi_exit(message);
 }
 
 // The shell's window and its present place on the screen; without a shell the program ends.
@@ -65,19 +74,20 @@ wi_window getparenthandle(const wi_obj *parent)
 void wi_onrecursive(wi_obj *wo)
 {
     if (wo && wo->ison)
-        show_tree(wo, true, "You cannot turn on that object with wi_on");
+        show_tree(wo, true, cannot_turn_on);
 }
 
 void wi_offrecursive(wi_obj *wo)
 {
     if (wo)
-        show_tree(wo, false, "You cannot turn off that object with wi_off");
+        show_tree(wo, false, cannot_turn_off);
 }
 
 void wi_on(wi_obj *wo)
 {
     if (!wo)
         return;
+    check_alone(wo, cannot_turn_on);
     wo->ison = 1;
     wi_onrecursive(wo);
 }
@@ -86,6 +96,7 @@ void wi_off(wi_obj *wo)
 {
     if (!wo)
         return;
+    check_alone(wo, cannot_turn_off);
     wo->ison = 0;
     wi_offrecursive(wo);
 }

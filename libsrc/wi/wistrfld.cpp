@@ -62,12 +62,25 @@ char *get_label(wi_obj *wo)
     return wi_window_text(wo->obj.strfld->labelarea);
 }
 
+void replay(wi_obj *wo, const wi_action & /*action*/)
+{
+    if (const wi_callback cr_cb = wo->obj.strfld->cr_cb)
+        cr_cb(wo, wo->obj.strfld->cr_tag);
+}
+
+wi_window value_window(const wi_obj *wo)
+{
+    return wo->obj.strfld->editarea;
+}
+
 } // namespace
 
 const wi_type wi_strfld_row = {
     .show = show,
     .place = place,
     .focus_enter = enter,
+    .replay = replay,
+    .value_window = value_window,
     .set_label = wi_strfld_label,
     .set_split = wi_strfld_split,
     .set_string = wi_strfld_putstr,

@@ -12,15 +12,20 @@ struct entry {
 };
 
 constexpr entry entries[] = {
-    {wi_type_form, &wi_form_row},           {wi_type_button, &wi_button_row},   {wi_type_dovapp, &wi_dovapp_row},
-    {wi_type_frame, &wi_frame_row},         {wi_type_drect, &wi_drect_row},     {wi_type_crop, &wi_crop_row},
-    {wi_type_rectary, &wi_rectary_row},     {wi_type_label, &wi_label_row},     {wi_type_updownbut, &wi_updownbut_row},
-    {wi_type_incdecfld, &wi_incdecfld_row}, {wi_type_strfld, &wi_strfld_row},   {wi_type_numfld, &wi_numfld_row},
-    {wi_type_null, &wi_null_row},           {wi_type_status, &wi_status_row},   {wi_type_filebox, &wi_filebox_row},
-    {wi_type_editbox, &wi_editbox_row},     {wi_type_msgbox, &wi_msgbox_row},   {wi_type_ynbox, &wi_ynbox_row},
-    {wi_type_editpage, &wi_editpage_row},   {wi_type_butary, &wi_butary_row},   {wi_type_togary, &wi_togary_row},
-    {wi_type_filesel, &wi_filesel_row},     {wi_type_listsel, &wi_listsel_row}, {wi_type_icon, &wi_icon_row},
-    {wi_type_colorbut, &wi_colorbut_row},
+    {wi_type_form, &wi_form_row},           {wi_type_button, &wi_button_row},
+    {wi_type_dovapp, &wi_dovapp_row},       {wi_type_frame, &wi_frame_row},
+    {wi_type_drect, &wi_drect_row},         {wi_type_crop, &wi_crop_row},
+    {wi_type_rectary, &wi_rectary_row},     {wi_type_label, &wi_label_row},
+    {wi_type_updownbut, &wi_updownbut_row}, {wi_type_incdecfld, &wi_incdecfld_row},
+    {wi_type_strfld, &wi_strfld_row},       {wi_type_numfld, &wi_numfld_row},
+    {wi_type_null, &wi_null_row},           {wi_type_status, &wi_status_row},
+    {wi_type_filebox, &wi_filebox_row},     {wi_type_editbox, &wi_editbox_row},
+    {wi_type_msgbox, &wi_msgbox_row},       {wi_type_ynbox, &wi_ynbox_row},
+    {wi_type_editpage, &wi_editpage_row},   {wi_type_butary, &wi_butary_row},
+    {wi_type_togary, &wi_togary_row},       {wi_type_filesel, &wi_filesel_row},
+    {wi_type_listsel, &wi_listsel_row},     {wi_type_icon, &wi_icon_row},
+    {wi_type_colorbut, &wi_colorbut_row},   {wi_type_drawarea, &wi_drawarea_row},
+    {wi_type_menubar, &wi_menubar_row},
 };
 
 constexpr wi_type unclaimed{};

@@ -24,8 +24,16 @@ struct wi_focus_step {
 wi_focus_step wi_focus_into(wi_obj *wo);
 wi_focus_step wi_focus_past(wi_obj *wo); // in the object's parent
 
+// What the journal recorded of an action: its code, and for a drawing area the mouse.
+struct wi_action {
+    int code;
+    int x, y;
+    int buttons[3];
+};
+
 struct wi_type {
     bool pops_up = false;                      // showing it shows a dialog, whatever window it lives in
+    bool is_part = false;                      // shown and hidden with its container only
     void (*show)(wi_obj *, bool on) = nullptr; // shows or hides what the object consists of
     void (*place)(wi_obj *, const wi_rect &) = nullptr;
     void (*add_child)(wi_obj *parent, wi_obj *child) = nullptr;
@@ -33,9 +41,13 @@ struct wi_type {
     wi_focus_step (*focus_enter)(wi_obj *) = nullptr;
     wi_focus_step (*focus_leave)(wi_obj *container, wi_obj *from) = nullptr;
 
-    void (*clicked)(wi_obj *) = nullptr;                        // a control of the object was clicked
+    void (*clicked)(wi_obj *, int id) = nullptr;                // the control of the object with that id was clicked
     void (*selected)(wi_obj *) = nullptr;                       // another line of its list was selected
     void (*draw)(wi_obj *, HDC__ *, const wi_rect &) = nullptr; // an owner-drawn control is to be drawn
+    void (*replay)(wi_obj *, const wi_action &) = nullptr;      // what the object did is to be done again
+
+    // The edit window whose text is the object's string, which the journal saves.
+    wi_window (*value_window)(const wi_obj *) = nullptr;
 
     void (*set_message)(wi_obj *, const char *) = nullptr;
     void (*set_label)(wi_obj *, const char *) = nullptr;
@@ -53,10 +65,10 @@ struct wi_type {
     char *(*get_label)(wi_obj *) = nullptr;
 };
 
-extern const wi_type wi_butary_row, wi_button_row, wi_colorbut_row, wi_crop_row, wi_dovapp_row, wi_drect_row,
-    wi_editbox_row, wi_editpage_row, wi_filebox_row, wi_filesel_row, wi_form_row, wi_frame_row, wi_icon_row,
-    wi_incdecfld_row, wi_label_row, wi_listsel_row, wi_msgbox_row, wi_null_row, wi_numfld_row, wi_rectary_row,
-    wi_status_row, wi_strfld_row, wi_togary_row, wi_updownbut_row, wi_ynbox_row;
+extern const wi_type wi_butary_row, wi_button_row, wi_colorbut_row, wi_crop_row, wi_dovapp_row, wi_drawarea_row,
+    wi_drect_row, wi_editbox_row, wi_editpage_row, wi_filebox_row, wi_filesel_row, wi_form_row, wi_frame_row,
+    wi_icon_row, wi_incdecfld_row, wi_label_row, wi_listsel_row, wi_menubar_row, wi_msgbox_row, wi_null_row,
+    wi_numfld_row, wi_rectary_row, wi_status_row, wi_strfld_row, wi_togary_row, wi_updownbut_row, wi_ynbox_row;
 
 // The row of the object's type; a row of empty slots for codes that no module has claimed.
 const wi_type &wi_row(const wi_obj *wo);
@@ -64,11 +76,11 @@ const wi_type &wi_row(const wi_obj *wo);
 // A new zeroed object of the type, switched on.
 wi_obj *wi_new_obj(int type);
 
-// A new zeroed record.
+// A new zeroed record, or an array of them.
 template <class Record>
-Record *wi_new()
+Record *wi_new(int count = 1)
 {
-    return static_cast<Record *>(jmalloc(static_cast<int>(sizeof(Record))));
+    return static_cast<Record *>(jmalloc(count * static_cast<int>(sizeof(Record))));
 }
 
 // An object made without a parent lives in an application window of its own, which becomes its shell and cannot be

@@ -65,12 +65,25 @@ struct seen {
         tag = with;
         ++calls;
     }
+    static std::pair<wi_obj *, int> last() { return {wo, tag}; }
     static void reset()
     {
         wo = nullptr;
         tag = calls = 0;
     }
 };
+
+// A place for an object, in a window of its own.
+inline wi_obj *new_area()
+{
+    return wi_form_parent(wi_mk_form(nullptr, 100, 100), 0, 0, 50, 10);
+}
+
+// What a window gets when the control in it is clicked.
+inline void click_on(HWND control)
+{
+    SendMessageA(GetParent(control), WM_COMMAND, MAKEWPARAM(1, BN_CLICKED), LPARAM(control));
+}
 
 inline void type_text(HWND window, const char *text)
 {

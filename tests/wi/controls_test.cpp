@@ -2,57 +2,30 @@
 
 namespace {
 
-// A form whose areas take the objects of a test in order of creation.
-struct page {
-    wi_obj *form = wi_mk_form(nullptr, 100, 100);
-    wi_obj *area() const { return wi_form_parent(form, 0, 0, 50, 10); }
-};
-
 HWND edit_of(wi_obj *wo)
 {
     return wo->type == wi_type_numfld ? wo->obj.numfld->editarea : wo->obj.strfld->editarea;
 }
 
-void click(wi_obj *button)
-{
-    SendMessageA(button->handle, BM_CLICK, 0, 0);
-    pump();
-}
-
-void send_click(wi_obj *button)
-{
-    SendMessageA(GetParent(button->handle), WM_COMMAND, MAKEWPARAM(1, BN_CLICKED),
-                 reinterpret_cast<LPARAM>(button->handle));
-}
-
 TEST(Label, IsAlignedAsAsked)
 {
-    const struct {
-        int just;
-        LONG style;
-    } table[] = {{-1, SS_LEFT}, {0, SS_CENTER}, {1, SS_RIGHT}, {2, SS_CENTER}, {-7, SS_CENTER}};
-    page p;
-    for (const auto &row : table) {
-        wi_obj *label = wi_mk_label(p.area(), "text", row.just);
-        EXPECT_EQ(GetWindowLongA(label->handle, GWL_STYLE) & SS_TYPEMASK, row.style) << row.just;
-    }
+    for (const auto &[just, style] :
+         {std::pair<int, LONG>{-1, SS_LEFT}, {0, SS_CENTER}, {1, SS_RIGHT}, {2, SS_CENTER}, {-7, SS_CENTER}})
+        EXPECT_EQ(GetWindowLongA(wi_mk_label(new_area(), "", just)->handle, GWL_STYLE) & SS_TYPEMASK, style) << just;
 }
 
 TEST(Label, ReadsBackOfEveryTypeThatHasOne)
 {
-    page p;
     const std::string longest(300, 'x');
-    wi_obj *label = wi_mk_label(p.area(), "a & b", 0);
-    wi_obj *str = wi_mk_strfld(p.area(), "str", 0.5), *num = wi_mk_numfld(p.area(), "num", 0.5, 1);
-    wi_obj *incdec = wi_mk_incdecfld(p.area(), "incdec", 0.5, 1),
-           *button = wi_mk_button(p.area(), "but", 0, nullptr, 0);
-    const struct {
-        wi_obj *wo;
-        const char *text;
-    } table[] = {{label, "a & b"}, {str, "str"},        {num, "num"},      {incdec, "incdec"},
-                 {button, "but"},  {nullptr, "(null)"}, {p.form, "(null)"}};
-    for (const auto &row : table)
-        EXPECT_EQ(taken(wi_get_label(row.wo)), row.text);
+    wi_obj *label = wi_mk_label(new_area(), "a & b", 0);
+    wi_obj *str = wi_mk_strfld(new_area(), "str", 0.5), *num = wi_mk_numfld(new_area(), "num", 0.5, 1);
+    wi_obj *incdec = wi_mk_incdecfld(new_area(), "incdec", 0.5, 1),
+           *button = wi_mk_button(new_area(), "but", 0, nullptr, 0);
+    using row = std::pair<wi_obj *, const char *>;
+    for (const auto &[wo, text] :
+         {row{label, "a & b"}, row{str, "str"}, row{num, "num"}, row{incdec, "incdec"}, row{button, "but"},
+          row{nullptr, "(null)"}, row{wi_mk_form(nullptr, 1, 1), "(null)"}})
+        EXPECT_EQ(taken(wi_get_label(wo)), text);
     for (wi_obj *wo : {label, str, num, incdec, button}) {
         wi_set_label(wo, longest.c_str());
         EXPECT_EQ(taken(wi_get_label(wo)), longest.substr(0, wo == button ? 300 : 255));
@@ -65,19 +38,18 @@ TEST(Label, ReadsBackOfEveryTypeThatHasOne)
 
 TEST(Button, CallsBackWithItsTargetAndTag)
 {
-    page p;
-    wi_obj *push = wi_mk_button(p.area(), "p", 5, seen::callback, 42),
-           *silent = wi_mk_button(p.area(), "s", 0, nullptr, 1);
+    wi_obj *push = wi_mk_button(new_area(), "p", 5, seen::callback, 42),
+           *silent = wi_mk_button(new_area(), "s", 0, nullptr, 1);
     wi_obj *toggle = wi_mk_button(
-        p.area(), "t", 1, [](wi_obj *wo, int tag) { seen::callback(wo, tag + wi_get_state(wo)); }, 7);
+        new_area(), "t", 1, [](wi_obj *wo, int tag) { seen::callback(wo, tag + wi_get_state(wo)); }, 7);
     seen::reset();
-    click(push);
-    EXPECT_EQ(seen::wo, push);
-    EXPECT_EQ(seen::tag, 42);
-    send_click(silent);
+    SendMessageA(push->handle, BM_CLICK, 0, 0);
+    pump();
+    EXPECT_EQ(seen::last(), std::pair(push, 42));
+    click_on(silent->handle);
     EXPECT_EQ(seen::calls, 1);
     for (const int state : {1, 0, 1}) {
-        send_click(toggle);
+        click_on(toggle->handle);
         EXPECT_EQ(seen::tag, 7 + state) << "the callback sees the new state";
         EXPECT_EQ(SendMessageA(toggle->handle, BM_GETCHECK, 0, 0), state);
     }
@@ -85,16 +57,14 @@ TEST(Button, CallsBackWithItsTargetAndTag)
     EXPECT_EQ(wi_button_getstate(toggle), 0);
     wi_button_setstate(toggle, -3);
     EXPECT_EQ(wi_button_getstate(toggle), 1);
-    wi_obj *pair = wi_mk_updownbut(p.area(), seen::callback, 1, seen::callback, 2);
-    send_click(pair->obj.updownbut->downbut);
-    EXPECT_EQ(seen::wo, pair) << "a part calls with the whole";
-    EXPECT_EQ(seen::tag, 2);
+    wi_obj *pair = wi_mk_updownbut(new_area(), seen::callback, 1, seen::callback, 2);
+    click_on(pair->obj.updownbut->downbut->handle);
+    EXPECT_EQ(seen::last(), std::pair(pair, 2)) << "a part calls with the whole";
 }
 
 TEST(StringField, KeepsTextOfUpTo255Characters)
 {
-    page p;
-    wi_obj *field = wi_mk_strfld(p.area(), "f", 0.5);
+    wi_obj *field = wi_mk_strfld(new_area(), "f", 0.5);
     EXPECT_EQ(taken(wi_strfld_getstr(field)), "");
     const std::string text(400, 'a');
     wi_strfld_putstr(field, text.c_str());
@@ -113,17 +83,15 @@ TEST(StringField, KeepsTextOfUpTo255Characters)
 
 TEST(StringField, EnterCallsBack)
 {
-    page p;
-    wi_obj *field = wi_mk_strfld(p.area(), "f", 0.5);
+    wi_obj *field = wi_mk_strfld(new_area(), "f", 0.5);
     seen::reset();
     press_key(edit_of(field), VK_RETURN);
     wi_strfld_set_cb(field, seen::callback, -9);
     press_key(edit_of(field), VK_RETURN);
-    EXPECT_EQ(seen::wo, field);
-    EXPECT_EQ(seen::tag, -9);
-    field->obj.strfld->callbacktarget = p.form;
+    EXPECT_EQ(seen::last(), std::pair(field, -9));
+    field->obj.strfld->callbacktarget = field->parent;
     press_key(edit_of(field), VK_RETURN);
-    EXPECT_EQ(seen::wo, p.form);
+    EXPECT_EQ(seen::wo, field->parent);
     wi_strfld_set_cb(field, nullptr, 0);
     press_key(edit_of(field), VK_RETURN);
     EXPECT_EQ(seen::calls, 2);
@@ -131,8 +99,7 @@ TEST(StringField, EnterCallsBack)
 
 TEST(NumericField, TakesOnlyCharactersOfANumber)
 {
-    page p;
-    wi_obj *field = wi_mk_numfld(p.area(), "n", 0.5, 2);
+    wi_obj *field = wi_mk_numfld(new_area(), "n", 0.5, 2);
     EXPECT_EQ(taken(wi_numfld_getstr(field)), "0.00");
     wi_numfld_putstr(field, "");
     type_text(edit_of(field), "1a.5,e\xe9-\x16"
@@ -143,8 +110,7 @@ TEST(NumericField, TakesOnlyCharactersOfANumber)
     wi_numfld_set_cb(field, seen::callback, 3);
     press_key(edit_of(field), VK_RETURN);
     EXPECT_EQ(taken(wi_numfld_getstr(field)), "0.00") << "normalised before the callback";
-    EXPECT_EQ(seen::wo, field);
-    EXPECT_EQ(seen::tag, 3);
+    EXPECT_EQ(seen::last(), std::pair(field, 3));
     for (const char *text : {"", "no number"}) {
         wi_numfld_putstr(field, text);
         EXPECT_EQ(wi_numfld_getval(field), 0);
@@ -159,66 +125,72 @@ TEST(NumericField, TakesOnlyCharactersOfANumber)
 
 TEST(IncDecField, StepsUpToItsLimitsAndNotBeyond)
 {
-    page p;
-    wi_obj *field = wi_mk_incdecfld(p.area(), "i", 0.5, 1);
+    wi_obj *field = wi_mk_incdecfld(new_area(), "i", 0.5, 1);
     const wi_updownbut *pair = field->obj.incdecfld->updownbut->obj.updownbut;
-    const auto up = [&] {
-        send_click(pair->upbut);
-        return taken(wi_incdecfld_getstr(field));
-    };
-    const auto down = [&] {
-        send_click(pair->downbut);
+    const HWND number = field->obj.incdecfld->numfld->obj.numfld->editarea;
+    const wi_obj *up = pair->upbut, *down = pair->downbut;
+    const auto step = [&](const wi_obj *button) {
+        click_on(button->handle);
         return taken(wi_incdecfld_getstr(field));
     };
     EXPECT_EQ(pair->downbut->obj.button->tag, 5024);
-    EXPECT_EQ(up(), "1.00");
+    EXPECT_EQ(step(up), "1.00");
     wi_incdecfld_toplim(field, 2);
-    EXPECT_EQ(up(), "2.00");
-    EXPECT_EQ(up(), "2.00");
+    EXPECT_EQ(step(up), "2.00");
+    EXPECT_EQ(step(up), "2.00");
     wi_set_inc(field, 0.75, 0);
     wi_incdecfld_putval(field, 1.5);
-    EXPECT_EQ(up(), "1.50") << "a step over the limit is refused whole";
+    EXPECT_EQ(step(up), "1.50") << "a step over the limit is refused whole";
     wi_incdecfld_botlim(field, 0);
-    EXPECT_EQ(down(), "0.75");
-    EXPECT_EQ(down(), "0.00");
-    EXPECT_EQ(down(), "0.00");
+    EXPECT_EQ(step(down), "0.75");
+    EXPECT_EQ(step(down), "0.00");
+    EXPECT_EQ(step(down), "0.00");
     wi_incdecfld_putstr(field, "junk");
     EXPECT_EQ(wi_get_value(field), 0);
 
     seen::reset();
     wi_incdecfld_set_cb(field, seen::callback, 11, nullptr, 0, seen::callback, 12);
-    up();
-    EXPECT_EQ(seen::wo, field);
-    EXPECT_EQ(seen::tag, 11);
+    step(up);
+    EXPECT_EQ(seen::last(), std::pair(field, 11));
     wi_incdecfld_putval(field, 1);
-    EXPECT_EQ(down(), "0.25") << "the default stays where no callback was given";
-    press_key(field->obj.incdecfld->numfld->obj.numfld->editarea, VK_RETURN);
-    EXPECT_EQ(seen::wo, field);
-    EXPECT_EQ(seen::tag, 12);
+    EXPECT_EQ(step(down), "0.25") << "the default stays where no callback was given";
+    press_key(number, VK_RETURN);
+    EXPECT_EQ(seen::last(), std::pair(field, 12));
     wi_incdecfld_set_cb(field, nullptr, 0, nullptr, 0, nullptr, 0);
     seen::reset();
-    press_key(field->obj.incdecfld->numfld->obj.numfld->editarea, VK_RETURN);
+    press_key(number, VK_RETURN);
     EXPECT_EQ(seen::calls, 0);
-    up();
+    step(up);
     EXPECT_EQ(seen::tag, 11);
 }
 
 TEST(Focus, GoesThroughAllThatTakeItAndWrapsRound)
 {
-    page p;
-    wi_obj *nested = wi_mk_rectary(wi_form_parent(p.form, 0, 0, 100, 50), 2, 2, 0, 0);
+    wi_obj *form = wi_mk_form(nullptr, 100, 100);
+    const auto area = [form] { return wi_form_parent(form, 0, 0, 50, 10); };
+    wi_obj *nested = wi_mk_rectary(wi_form_parent(form, 0, 0, 100, 50), 2, 2, 0, 0);
     wi_mk_label(nested, "skipped", 0);
     wi_obj *first = wi_mk_strfld(nested, "1", 0.5);
     wi_mk_crop(nested, 0, 0, 0, 0);
-    wi_obj *drect = wi_mk_drect(wi_mk_frame(wi_mk_crop(p.area(), 0, 0, 0, 0)), 0, 0.5);
+    wi_obj *drect = wi_mk_drect(wi_mk_frame(wi_mk_crop(area(), 0, 0, 0, 0)), 0, 0.5);
     wi_obj *second = wi_mk_numfld(drect, "2", 0.5, 0), *stepped = wi_mk_incdecfld(drect, "3", 0.5, 1);
-    wi_obj *empty = p.area(), *last = wi_mk_button(p.area(), "4", 0, nullptr, 0);
-    wi_mk_label(p.area(), "skipped", 0);
+    wi_obj *empty = area(), *last = wi_mk_button(area(), "4", 0, nullptr, 0);
+    wi_mk_label(area(), "skipped", 0);
+    const char *const choices[] = {"A", nullptr};
+    wi_obj *grid = wi_mk_rectary(area(), 6, 1, 0, 0);
+    const wi_listsel *list = wi_mk_listsel(grid, "", 0.5, choices)->obj.listsel;
+    wi_mk_icon(grid, 1);
+    const wi_filesel *file = wi_mk_filesel(grid, "", "", 0.5)->obj.filesel;
+    wi_obj *buttons = wi_mk_butary(grid, 1, 2), *color = wi_mk_colorbut(grid);
+    wi_butary_blank(buttons);
+    wi_butary_button(buttons, "2", 0, nullptr, 0);
+    const wi_obj *toggle = wi_mk_togary(grid, choices, 0)->obj.togary->butary->obj.butary->ary[0].button;
     const HWND inner = stepped->obj.incdecfld->numfld->obj.numfld->editarea;
-    wi_on(p.form);
-    wi_activate_first(p.form);
-    const HWND order[] = {edit_of(first), edit_of(second), inner, last->handle, edit_of(first)};
-    for (const HWND expected : order) {
+    wi_on(form);
+    wi_activate_first(form);
+    for (const HWND expected : {edit_of(first), edit_of(second), inner, last->handle, list->staticarea,
+                                file->button->handle, edit_of(file->strfld), buttons->obj.butary->ary[1].button->handle,
+                                color->handle, toggle->handle, edit_of(first)}) {
         ASSERT_EQ(GetFocus(), expected);
         press_key(expected, VK_TAB);
     }
@@ -226,11 +198,11 @@ TEST(Focus, GoesThroughAllThatTakeItAndWrapsRound)
     EXPECT_EQ(GetFocus(), last->handle) << "an empty area passes the focus on";
     wi_activate_next(stepped->obj.incdecfld->numfld);
     EXPECT_EQ(GetFocus(), last->handle);
-    SendMessageA(p.form->shell->handle, WM_ACTIVATE, WA_INACTIVE, 0);
+    SendMessageA(form->shell->handle, WM_ACTIVATE, WA_INACTIVE, 0);
     SetFocus(nullptr);
-    SendMessageA(p.form->shell->handle, WM_SETFOCUS, 0, 0);
+    SendMessageA(form->shell->handle, WM_SETFOCUS, 0, 0);
     EXPECT_EQ(GetFocus(), last->handle) << "a window that comes back gives the keyboard to the control that had it";
-    wi_off(p.form);
+    wi_off(form);
 }
 
 TEST(Focus, WalkEndsWhereNothingTakesIt)

@@ -8,7 +8,7 @@ namespace {
 
 // What an operation is called with besides its object.
 template <class T>
-T argument(const char *text)
+T argument([[maybe_unused]] const char *text)
 {
     static int states[10];
     if constexpr (std::is_same_v<T, const char *>)
@@ -22,7 +22,7 @@ T argument(const char *text)
 struct operation : std::function<void(wi_obj *, const char *)> {
     template <class Result, class... Args>
     operation(Result (*call)(wi_obj *, Args...))
-        : function([=](wi_obj *wo, const char *text) { call(wo, argument<Args>(text)...); })
+        : function([=](wi_obj *wo, [[maybe_unused]] const char *text) { call(wo, argument<Args>(text)...); })
     {
     }
 };
@@ -37,11 +37,22 @@ void expect_refusal(const refusal &r, wi_obj *wrong)
 {
     EXPECT_EQ(exit_message([&] { r.call(nullptr, ""); }), r.of_null);
     EXPECT_EQ(exit_message([&] { r.call(wrong, ""); }), r.of_type) << "instead of " << r.of_null;
-    if (r.takes)
-        EXPECT_EQ(exit_message([&] { r.call(r.takes, nullptr); }), r.of_null) << "null text";
+    EXPECT_EQ(r.takes ? exit_message([&] { r.call(r.takes, nullptr); }) : r.of_null, r.of_null) << "of null text";
 }
 
+struct at {
+    int number; // for a null object; the next is for one of another type
+    operation call;
+    wi_obj *takes = nullptr;
+};
+
+// A call and its message.
 struct row {
+    template <class Result, class... Args>
+    row(std::string m, Result (*f)(Args...), std::type_identity_t<Args>... args)
+        : message(std::move(m)), call([=] { f(args...); })
+    {
+    }
     std::string message;
     std::function<void()> call;
 };
@@ -58,6 +69,13 @@ const char *const names[] = {"a", nullptr}, *const no_names[] = {nullptr};
 class ProgramErrors : public testing::Test {
 protected:
     wi_obj *area() const { return wi_form_parent(form, 0, 0, 10, 10); }
+
+    void expect_numbers(const std::string &module, const std::vector<at> &operations) const
+    {
+        const auto message = [&](int n) { return "PE " + std::to_string(n) + ", " + module + ".c: bad arg."; };
+        for (const auto &[number, call, takes] : operations)
+            expect_refusal({message(number), message(number + 1), call, takes}, form);
+    }
 
     wi_obj *form = wi_mk_form(nullptr, 100, 100), *shell = form->shell;
     wi_obj *label = wi_mk_label(area(), "label", -1), *push = wi_mk_button(area(), "push", 0, nullptr, 0);
@@ -96,75 +114,32 @@ TEST_F(ProgramErrors, OfGenericOperations)
 
 TEST_F(ProgramErrors, OfObjectsByNumber)
 {
-    const struct {
-        const char *module;
-        int number; // for a null object; the next is for one of another type
-        operation call;
-        wi_obj *takes = nullptr;
-    } table[] = {{"wilabel", 2, wi_label},
-                 {"wibutton", 3, wi_button_label, push},
-                 {"wibutton", 5, wi_button_setstate},
-                 {"wibutton", 8, wi_button_getlabel},
-                 {"wibutton", 8, wi_button_getstate},
-                 {"wistrfld", 4, wi_strfld_putstr, str},
-                 {"wistrfld", 6, wi_strfld_getstr},
-                 {"wistrfld", 8, wi_strfld_label, str},
-                 {"wistrfld", 10, wi_strfld_split},
-                 {"wistrfld", 12, wi_strfld_editable},
-                 {"wistrfld", 14, wi_strfld_set_cb},
-                 {"winumfld", 4, wi_numfld_putstr, num},
-                 {"winumfld", 4, wi_numfld_putval},
-                 {"winumfld", 6, wi_numfld_getstr},
-                 {"winumfld", 6, wi_numfld_getval},
-                 {"winumfld", 8, wi_numfld_label, num},
-                 {"winumfld", 10, wi_numfld_split},
-                 {"winumfld", 12, wi_numfld_editable},
-                 {"winumfld", 14, wi_numfld_set_cb},
-                 {"wiincdecfld", 5, wi_incdecfld_split},
-                 {"wiincdecfld", 7, wi_incdecfld_label, incdec},
-                 {"wiincdecfld", 9, wi_incdecfld_getval},
-                 {"wiincdecfld", 11, wi_incdecfld_putval},
-                 {"wiincdecfld", 13, wi_incdecfld_getstr},
-                 {"wiincdecfld", 15, wi_incdecfld_putstr, incdec},
-                 {"wiincdecfld", 17, wi_incdecfld_inc},
-                 {"wiincdecfld", 19, wi_incdecfld_decimals},
-                 {"wiincdecfld", 21, wi_incdecfld_toplim},
-                 {"wiincdecfld", 23, wi_incdecfld_botlim},
-                 {"wiincdecfld", 25, wi_incdecfld_editable},
-                 {"wiincdecfld", 27, wi_incdecfld_set_cb},
-                 {"wieditpage", 4, wi_editpage_putstr, page},
-                 {"wieditpage", 6, wi_editpage_getstr},
-                 {"wistrfld", 12, wi_editpage_editable},
-                 {"wilistsel", 5, wi_listsel_selchng_cb},
-                 {"wilistsel", 7, wi_listsel_split},
-                 {"wilistsel", 9, wi_listsel_label, list},
-                 {"wilistsel", 11, wi_listsel_putstr},
-                 {"wilistsel", 13, wi_listsel_getstr},
-                 {"wilistsel", 21, wi_listsel_popup_on},
-                 {"wifilesel", 5, wi_filesel_chng_cb},
-                 {"wifilesel", 7, wi_filesel_split},
-                 {"wifilesel", 9, wi_filesel_label, file},
-                 {"witogary", 17, wi_togary_getindex},
-                 {"witogary", 19, wi_togary_getstate},
-                 {"witogary", 21, wi_togary_setstate},
-                 {"witogary", 23, wi_togary_getary},
-                 {"witogary", 25, wi_togary_setary},
-                 {"witogary", 29, wi_togary_editable},
-                 {"witogary", 31, wi_togary_chng_cb},
-                 {"wicolorbut", 4, wi_colorbut_setcolor},
-                 {"wicolorbut", 6, wi_colorbut_colorstate},
-                 {"wicolorbut", 8, wi_colorbut_setary},
-                 {"wicolorbut", 10, wi_colorbut_getcolor},
-                 {"wicolorbut", 14, wi_colorbut_editable},
-                 {"wicolorbut", 16, wi_colorbut_chng_cb},
-                 {"widovapp", 9, wi_dovapp_quit},
-                 {"widrect", 9, wi_drect_split}};
-    for (const auto &[module, number, call, takes] : table) {
-        const auto message = [module = module](int n) {
-            return "PE " + std::to_string(n) + ", " + module + ".c: bad arg.";
-        };
-        expect_refusal({message(number), message(number + 1), call, takes}, form);
-    }
+    expect_numbers("wilabel", {at{2, wi_label}});
+    expect_numbers("wibutton", {at{3, wi_button_label, push}, at{5, wi_button_setstate}, at{8, wi_button_getlabel},
+                                at{8, wi_button_getstate}});
+    expect_numbers("wistrfld", {at{4, wi_strfld_putstr, str}, at{6, wi_strfld_getstr}, at{8, wi_strfld_label, str},
+                                at{10, wi_strfld_split}, at{12, wi_strfld_editable}, at{14, wi_strfld_set_cb},
+                                at{12, wi_editpage_editable}});
+    expect_numbers("winumfld", {at{4, wi_numfld_putstr, num}, at{4, wi_numfld_putval}, at{6, wi_numfld_getstr},
+                                at{6, wi_numfld_getval}, at{8, wi_numfld_label, num}, at{10, wi_numfld_split},
+                                at{12, wi_numfld_editable}, at{14, wi_numfld_set_cb}});
+    expect_numbers("wiincdecfld",
+                   {at{5, wi_incdecfld_split}, at{7, wi_incdecfld_label, incdec}, at{9, wi_incdecfld_getval},
+                    at{11, wi_incdecfld_putval}, at{13, wi_incdecfld_getstr}, at{15, wi_incdecfld_putstr, incdec},
+                    at{17, wi_incdecfld_inc}, at{19, wi_incdecfld_decimals}, at{21, wi_incdecfld_toplim},
+                    at{23, wi_incdecfld_botlim}, at{25, wi_incdecfld_editable}, at{27, wi_incdecfld_set_cb}});
+    expect_numbers("wieditpage", {at{4, wi_editpage_putstr, page}, at{6, wi_editpage_getstr}});
+    expect_numbers("wilistsel", {at{5, wi_listsel_selchng_cb}, at{7, wi_listsel_split}, at{9, wi_listsel_label, list},
+                                 at{11, wi_listsel_putstr}, at{13, wi_listsel_getstr}, at{21, wi_listsel_popup_on}});
+    expect_numbers("wifilesel", {at{5, wi_filesel_chng_cb}, at{7, wi_filesel_split}, at{9, wi_filesel_label, file}});
+    expect_numbers("witogary", {at{17, wi_togary_getindex}, at{19, wi_togary_getstate}, at{21, wi_togary_setstate},
+                                at{23, wi_togary_getary}, at{25, wi_togary_setary}, at{29, wi_togary_editable},
+                                at{31, wi_togary_chng_cb}});
+    expect_numbers("wicolorbut",
+                   {at{4, wi_colorbut_setcolor}, at{6, wi_colorbut_colorstate}, at{8, wi_colorbut_setary},
+                    at{10, wi_colorbut_getcolor}, at{14, wi_colorbut_editable}, at{16, wi_colorbut_chng_cb}});
+    expect_numbers("widovapp", {at{9, wi_dovapp_quit}});
+    expect_numbers("widrect", {at{9, wi_drect_split}});
 }
 
 TEST_F(ProgramErrors, OfObjectsByOtherTexts)
@@ -215,48 +190,47 @@ TEST_F(ProgramErrors, OfControls)
     const std::string mode = "Bad mode passed to wi_togary_setmode.", full = "PE 7, wibutary.c: button array full.";
     const std::string name = "Invalid parameter to wi_butary_setstate: Bad button name.";
     expect_messages(
-        {{"PE 7, wibutton.c: bad arg.", [&] { wi_set_state(push, 1); }},
-         {"PE 10, wibutton.c: bad arg.", [&] { wi_get_state(push); }},
-         {"PE 2, wiynbox.c: Must provide parent object.", [] { wi_mk_ynbox(nullptr, "", nullptr, 0, nullptr, 0); }},
-         {"PE 2, wifilebox.c: Must provide parent object.", [] { wi_mk_filebox(nullptr, "", "", nullptr, nullptr); }},
-         {"PE 1, widrect.c: bad arg.", [&] { wi_mk_filesel(area(), "", "", 1); }},
-         {full, [&] { wi_butary_button(buttons, "", 0, nullptr, 0); }},
-         {full, [&] { wi_butary_blank(buttons); }},
-         {name, [&] { wi_butary_setstate(buttons, "A", 0); }},
-         {name, [&] { wi_butary_setstate(buttons, nullptr, 0); }},
-         {"PE 14, wibutary.c: Unknown button name.", [&] { wi_butary_getstate(buttons, "A"); }},
-         {"PE 3, witogary.c: bad arguments.", [&] { wi_mk_togary(area(), no_names, 0); }},
-         {"PE 3, witogary.c: bad arguments.", [&] { wi_mk_togary(area(), nullptr, 0); }},
-         {get, [&] { wi_togary_getstate(toggles, -1); }},
-         {get, [&] { wi_togary_getstate(toggles, 1); }},
-         {set, [&] { wi_togary_setstate(toggles, -1, 1); }},
-         {"", [&] { wi_togary_setstate(toggles, 1, 1); }},
-         {set, [&] { wi_togary_setstate(toggles, 2, 1); }},
-         {mode, [&] { wi_togary_setmode(toggles, 4); }},
-         {mode, [&] { wi_togary_setmode(toggles, -1); }},
-         {"PE 12, wicolorbut.c: bad arg.", [&] { wi_colorbut_getary(color, nullptr); }},
-         {"PE 4, wiicon.c: bad arg.", [] { wi_icon(nullptr, 1); }}});
+        {row{"PE 7, wibutton.c: bad arg.", wi_set_state, push, 1},
+         row{"PE 10, wibutton.c: bad arg.", wi_get_state, push},
+         row{"PE 2, wiynbox.c: Must provide parent object.", wi_mk_ynbox, nullptr, "", nullptr, 0, nullptr, 0},
+         row{"PE 2, wifilebox.c: Must provide parent object.", wi_mk_filebox, nullptr, "", "", nullptr, nullptr},
+         row{"PE 1, widrect.c: bad arg.", wi_mk_filesel, area(), "", "", 1},
+         row{full, wi_butary_button, buttons, "", 0, nullptr, 0},
+         row{full, wi_butary_blank, buttons},
+         row{name, wi_butary_setstate, buttons, "A", 0},
+         row{name, wi_butary_setstate, buttons, nullptr, 0},
+         row{"PE 14, wibutary.c: Unknown button name.", wi_butary_getstate, buttons, "A"},
+         row{"PE 3, witogary.c: bad arguments.", wi_mk_togary, area(), no_names, 0},
+         row{"PE 3, witogary.c: bad arguments.", wi_mk_togary, area(), nullptr, 0},
+         row{get, wi_togary_getstate, toggles, -1},
+         row{get, wi_togary_getstate, toggles, 1},
+         row{set, wi_togary_setstate, toggles, -1, 1},
+         row{"", wi_togary_setstate, toggles, 1, 1},
+         row{set, wi_togary_setstate, toggles, 2, 1},
+         row{mode, wi_togary_setmode, toggles, 4},
+         row{mode, wi_togary_setmode, toggles, -1},
+         row{"PE 12, wicolorbut.c: bad arg.", wi_colorbut_getary, color, nullptr},
+         row{"PE 4, wiicon.c: bad arg.", wi_icon, nullptr, 1}});
 }
 
 TEST_F(ProgramErrors, OfContainersAndWindows)
 {
     const std::string crop = "Bad argument to wi_mk_rectary.  Crop value is invalid.";
     const std::string coords = "Bad coordinates in wi_form_parent: ";
-    expect_messages({{"You tried to create a dovapp object without a title.  Please specify a title.",
-                      [] { wi_mk_dovapp(nullptr, nullptr); }},
-                     {"PE 1, wiform.c: Bad arg.", [&] { wi_mk_form(label, 0, 1); }},
-                     {"PE 1, wiform.c: Bad arg.", [&] { wi_mk_form(label, 1, -2.5); }},
-                     {coords + "10.000000 100.000100 20.000000 40.000000 100.000000 100.000000",
-                      [&] { wi_form_parent(form, 10, 20, 100.0001, 40); }},
-                     {coords + "1.000000 3.000000 2.000000 30.500000 20.000000 20.000000",
-                      [] { wi_form_parent(wi_mk_form(nullptr, 20, 30), 1, 2, 3, 30.5); }},
-                     {coords + "0.000000 1.000000 -0.500000 1.000000 100.000000 100.000000",
-                      [&] { wi_form_parent(form, 0, -0.5, 1, 1); }},
-                     {crop, [&] { wi_mk_rectary(label, 1, 1, 1, 0); }},
-                     {crop, [&] { wi_mk_rectary(label, 1, 1, 0, -0.01); }},
-                     {"PE 1, widrect.c: bad arg.", [&] { wi_mk_drect(label, 0, 0); }},
-                     {"PE 1, widrect.c: bad arg.", [&] { wi_mk_drect(label, 2, 1); }},
-                     {"PE 2, widrect.c bad arg.", [&] { wi_mk_drect(label, 2, 0.5); }}});
+    expect_messages({row{"You tried to create a dovapp object without a title.  Please specify a title.", wi_mk_dovapp,
+                         nullptr, nullptr},
+                     row{"PE 1, wiform.c: Bad arg.", wi_mk_form, label, 0, 1},
+                     row{"PE 1, wiform.c: Bad arg.", wi_mk_form, label, 1, -2.5},
+                     row{coords + "10.000000 100.000100 20.000000 40.000000 100.000000 100.000000", wi_form_parent,
+                         form, 10, 20, 100.0001, 40},
+                     row{coords + "1.000000 3.000000 2.000000 30.500000 20.000000 20.000000", wi_form_parent,
+                         wi_mk_form(nullptr, 20, 30), 1, 2, 3, 30.5},
+                     row{coords + "0.000000 1.000000 -0.500000 1.000000 100.000000 100.000000", wi_form_parent, form, 0,
+                         -0.5, 1, 1},
+                     row{crop, wi_mk_rectary, label, 1, 1, 1, 0}, row{crop, wi_mk_rectary, label, 1, 1, 0, -0.01},
+                     row{"PE 1, widrect.c: bad arg.", wi_mk_drect, label, 0, 0},
+                     row{"PE 1, widrect.c: bad arg.", wi_mk_drect, label, 2, 1},
+                     row{"PE 2, widrect.c bad arg.", wi_mk_drect, label, 2, 0.5}});
 }
 
 TEST_F(ProgramErrors, OfTheTree)
@@ -274,29 +248,21 @@ TEST_F(ProgramErrors, OfTheTree)
     wi_obj orphan{}, *o = &orphan;
     orphan.type = wi_type_label;
     expect_messages(
-        {{"Bad parameter to addchild", [&] { addchild(label, nullptr); }},
-         {one, [&] { addchild(label, shell); }},
-         {one, [&] { addchild(label, frame); }},
-         {two, [&] { addchild(label, drect); }},
-         {full, [&] { addchild(label, grid); }},
-         {full, [&] { addchild(label, none); }},
-         {"Error: cannot add a child to that object.", [&] { addchild(label, form); }},
-         {"Error: cannot add a child to that object.", [&] { addchild(label, label); }},
-         {"Bad Wi object passed to wi_size.", [] { wi_size(nullptr, 1, 1); }},
-         {size, [&] { wi_size(label, 1, 1); }},
-         {size, [&] { wi_position(label, 1, 1); }},
-         {size, [] { wi_position(nullptr, 1, 1); }},
-         {"Bad parameter to wi_activate_first", [] { wi_activate_first(nullptr); }},
-         {"Bad parameter to wi_activate_first: bad window type ", [&] { wi_activate_first(incdec); }},
-         {"bad wi object passed to wi_activate_next", [] { wi_activate_next(nullptr); }},
-         {findnext, [&] { wi_activate_next(o); }},
-         {findnext, [&] { wi_activate_findnext(nullptr, o); }},
-         {findnext, [&] { wi_activate_findnext(shell, nullptr); }},
-         {"Could not activate this window type in wi_activate_findnext", [&] { wi_activate_findnext(label, o); }}});
+        {row{"Bad parameter to addchild", addchild, label, nullptr}, row{one, addchild, label, shell},
+         row{one, addchild, label, frame}, row{two, addchild, label, drect}, row{full, addchild, label, grid},
+         row{full, addchild, label, none}, row{"Error: cannot add a child to that object.", addchild, label, form},
+         row{"Error: cannot add a child to that object.", addchild, label, label},
+         row{"Bad Wi object passed to wi_size.", wi_size, nullptr, 1, 1}, row{size, wi_size, label, 1, 1},
+         row{size, wi_position, label, 1, 1}, row{size, wi_position, nullptr, 1, 1},
+         row{"Bad parameter to wi_activate_first", wi_activate_first, nullptr},
+         row{"Bad parameter to wi_activate_first: bad window type ", wi_activate_first, incdec},
+         row{"bad wi object passed to wi_activate_next", wi_activate_next, nullptr}, row{findnext, wi_activate_next, o},
+         row{findnext, wi_activate_findnext, nullptr, o}, row{findnext, wi_activate_findnext, shell, nullptr},
+         row{"Could not activate this window type in wi_activate_findnext", wi_activate_findnext, label, o}});
     orphan.type = 10;
     orphan.ison = 1;
-    expect_messages({{"You cannot turn on that object with wi_on", [&] { wi_on(o); }},
-                     {"You cannot turn off that object with wi_off", [&] { wi_off(o); }}});
+    expect_messages({row{"You cannot turn on that object with wi_on", wi_on, o},
+                     row{"You cannot turn off that object with wi_off", wi_off, o}});
 }
 
 } // namespace

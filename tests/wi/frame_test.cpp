@@ -1,30 +1,23 @@
+#include "support/dialog.h"
+#include "support/program_process.h"
 #include "support/wi_fixture.h"
-
-#include <chrono>
 
 namespace {
 
 TEST(Frame, TakesItsOwnOptionFromTheSecondToLastWord)
 {
-    const struct {
-        std::vector<const char *> words;
-        int left, editing;
-    } table[] = {{{}, 0, 0},
-                 {{"helpedit"}, 1, 0},
-                 {{"x", "helpedit"}, 2, 0},
-                 {{"Helpedit", "x"}, 2, 0},
-                 {{"helpedit", "x"}, 1, 1},
-                 {{"helpedit", "x", "y"}, 3, 0},
-                 {{"x", "helpedit", "y"}, 2, 1}};
-    for (const auto &row : table) {
+    using row = std::tuple<std::vector<const char *>, int, int>; // words; how many are left; is help edited
+    for (const auto &[words, left, editing] :
+         {row{{}, 0, 0}, row{{"helpedit"}, 1, 0}, row{{"x", "helpedit"}, 2, 0}, row{{"Helpedit", "x"}, 2, 0},
+          row{{"helpedit", "x"}, 1, 1}, row{{"helpedit", "x", "y"}, 3, 0}, row{{"x", "helpedit", "y"}, 2, 1}}) {
         std::vector<char *> argv{const_cast<char *>(" ")};
-        for (const char *word : row.words)
+        for (const char *word : words)
             argv.push_back(const_cast<char *>(word));
-        int argc = static_cast<int>(row.words.size());
+        int argc = static_cast<int>(words.size());
         wi_hlp_editable(0);
         wi_main_init(&argc, argv.data());
-        EXPECT_EQ(argc, row.left);
-        EXPECT_EQ(wi_hlp_iseditable(), row.editing);
+        EXPECT_EQ(argc, left);
+        EXPECT_EQ(wi_hlp_iseditable(), editing);
     }
     wi_hlp_editable(0);
 }
@@ -38,8 +31,7 @@ TEST(ApplicationWindow, ClosesOnlyAsItsQuitEntrySays)
     EXPECT_EQ(seen::calls, 0);
     wi_dovapp_quit(app, 5, "", seen::callback, 77);
     SendMessageA(app->handle, WM_CLOSE, 0, 0);
-    EXPECT_EQ(seen::wo, app);
-    EXPECT_EQ(seen::tag, 77);
+    EXPECT_EQ(seen::last(), std::pair(app, 77));
     EXPECT_TRUE(IsWindow(app->handle));
     wi_dovapp_quit(app, 1, "", nullptr, 0);
     SendMessageA(app->handle, WM_CLOSE, 0, 0);
@@ -50,11 +42,7 @@ TEST(ApplicationWindow, ClosesOnlyAsItsQuitEntrySays)
 
 TEST(ApplicationWindow, TakesItsTitleFromWhoMadeIt)
 {
-    const auto title = [](const wi_obj *wo) {
-        char text[100];
-        GetWindowTextA(wo->shell->handle, text, sizeof text);
-        return std::string(text);
-    };
+    const auto title = [](const wi_obj *wo) { return window_text(wo->shell->handle); };
     wi_set_window_name("forgotten");
     wi_set_window_name("Message \xc3\xa9");
     EXPECT_EQ(title(wi_mk_label(nullptr, "", 0)), " ") << "the name waits for a form";
@@ -97,33 +85,11 @@ TEST(ApplicationWindow, IgnoresMessagesOfForeignWindows)
 // The program error as a person sees it, watched from outside.
 TEST(ProgramError, ShowsItsMessageInABoxAndEndsTheProcess)
 {
-    std::string command = std::string("\"") + __argv[0] + "\" --end-with-error";
-    STARTUPINFOA startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    ASSERT_TRUE(
-        CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process));
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
-    HWND box = nullptr;
-    while (!box && std::chrono::steady_clock::now() < deadline) {
-        box = FindWindowA(nullptr, "Error message:");
-        Sleep(10);
-    }
-    EXPECT_NE(box, nullptr);
-    char text[100] = "";
-    while (box && !*text && std::chrono::steady_clock::now() < deadline)
-        for (HWND child = nullptr; (child = FindWindowExA(box, child, "static", nullptr)) != nullptr;)
-            if (GetWindowTextLengthA(child) > 0)
-                SendMessageA(child, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text));
-    EXPECT_STREQ(text, "PE 2, wilabel.c: bad arg.");
+    const program_process program(L"wi_test.exe", std::filesystem::temp_directory_path(), L"--end-with-error");
+    const HWND box = program.wait_for_window(L"Error message:");
+    EXPECT_TRUE(child(box, L"Static", L"PE 2, wilabel.c: bad arg.")) << "no such text";
     PostMessageA(box, WM_COMMAND, IDOK, 0);
-    DWORD status = 0;
-    if (WaitForSingleObject(process.hProcess, 30000) != WAIT_OBJECT_0)
-        TerminateProcess(process.hProcess, 1);
-    GetExitCodeProcess(process.hProcess, &status);
-    EXPECT_EQ(status, static_cast<DWORD>(-1));
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
+    EXPECT_EQ(program.exit_status(), -1);
 }
 
 } // namespace

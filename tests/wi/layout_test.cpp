@@ -42,6 +42,8 @@ TEST(Layout, PlacesByProportion)
     wi_obj *crop = wi_mk_crop(wi_form_parent(form, 0, 0, 100, 100), -0.1, 0.2, 0.3, -0.15), *cropped = leaf(crop);
     wi_obj *drect = wi_mk_drect(wi_form_parent(form, 0, 0, 100, 100), 0, 0.25);
     wi_obj *upper = leaf(drect), *lower = leaf(drect);
+    wi_obj *inner = wi_mk_drect(wi_mk_crop(wi_form_parent(form, 20, 20, 80, 80), 0.1, 0, 0.25, 0), 1, 0.3);
+    wi_obj *left = leaf(inner), *right = leaf(inner);
     wi_obj *frame = wi_mk_frame(wi_form_parent(form, 0, 0, 100, 100)), *framed = leaf(frame);
     wi_obj *labelled = wi_mk_strfld(wi_form_parent(form, 0, 0, 100, 100), "l", 0.01);
     const int cx = GetSystemMetrics(SM_CXEDGE), cy = GetSystemMetrics(SM_CYEDGE);
@@ -55,6 +57,8 @@ TEST(Layout, PlacesByProportion)
     EXPECT_EQ(place(cropped->handle), (box{105, 15, 350 - 52 - 105, 151 - 30 - 15}));
     EXPECT_EQ(place(upper->handle), (box{0, 0, 350, 37}));
     EXPECT_EQ(place(lower->handle), (box{0, 37, 350, 114}));
+    EXPECT_EQ(place(left->handle), (box{70 + 52, 30 + 9, 47, 81}));
+    EXPECT_EQ(place(right->handle), (box{70 + 52 + 47, 30 + 9, 111, 81}));
     EXPECT_EQ(place(frame->handle), (box{0, -2 * cy, 350, 151 + 2 * cy}));
     EXPECT_EQ(place(framed->handle), (box{cx, 3 * cy, 350 - 2 * cx, 151 - 4 * cy}));
     EXPECT_EQ(place(labelled->obj.strfld->labelarea), (box{0, 0, 3, 151}));
@@ -70,148 +74,96 @@ TEST(Layout, PlacesByProportion)
 // hand, so that a hundred thousand trees need only as many windows as one.
 class random_tree {
 public:
-    random_tree(wi_obj *w, const std::vector<wi_obj *> &p, unsigned seed) : window(w), pool(p), random(seed)
+    random_tree(wi_obj *w, const std::vector<wi_obj *> &p, unsigned seed, const box &all)
+        : window(w), pool(p), random(seed)
     {
         for (wi_obj *l : pool)
             l->parent = nullptr;
         window->child = nullptr;
-        grow(window, 0);
+        grow(window, all, 0);
     }
 
     ~random_tree() { window->child = nullptr; }
 
-    // The places that the arithmetic gives, in the order of the pool.
-    std::vector<box> expect(int w, int h)
+    std::vector<box> places(int w, int h) const
     {
-        expected.assign(used, {});
-        visit(window->child, {0, 0, w, h});
-        return expected;
+        onresize(window, 0, 0, w, h);
+        std::vector<box> found;
+        for (std::size_t i = 0; i < expected.size(); ++i)
+            found.push_back(place(pool[i]->handle));
+        return found;
     }
 
-    std::size_t used = 0;
+    std::vector<box> expected;
 
 private:
     int pick(int n) { return std::uniform_int_distribution(0, n - 1)(random); }
-    double fraction() { return std::uniform_real_distribution(0.05, 0.95)(random); }
+    double fraction() { return std::uniform_real_distribution(0.03F, 0.48F)(random); } // objects keep a float
+    static int part(int extent, double f) { return static_cast<int>(extent * f); }
 
-    void grow(wi_obj *parent, int depth)
+    void grow(wi_obj *parent, const box &b, int depth)
     {
-        const int kind = used == pool.size() ? -1 : depth > 3 ? 0 : pick(6);
-        switch (kind) {
-        case 0:
-            addchild(pool[used++], parent);
+        const int kind = depth > 3 ? 0 : pick(6), rows = 1 + pick(3), columns = 1 + pick(3);
+        const double f = fraction(), g = fraction();
+        if (expected.size() == pool.size())
             return;
-        case 1:
-            return grow(wi_mk_crop(parent, fraction() / 3, fraction() / 3, fraction() / 3, fraction() / 3), depth + 1);
-        case 2:
-            return grow(wi_form_parent(wi_mk_form(parent, 10, 20), 0, 0, 10 * fraction(), 20 * fraction()), depth + 1);
-        case 3:
-        case 4: {
-            wi_obj *drect = wi_mk_drect(parent, kind - 3, fraction());
-            grow(drect, depth + 1);
-            return grow(drect, depth + 1);
-        }
-        case 5: {
-            const int rows = 1 + pick(3), columns = 1 + pick(3);
-            wi_obj *grid = wi_mk_rectary(parent, rows, columns, fraction() / 2, fraction() / 2);
-            for (int i = pick(rows * columns); i >= 0; --i)
-                grow(grid, depth + 1);
-            return;
-        }
-        default:
-            return;
-        }
-    }
-
-    static int part(int extent, double f) { return static_cast<int>(std::trunc(extent * f)); }
-
-    void visit(wi_obj *wo, box b)
-    {
-        if (!wo)
-            return;
-        switch (wo->type) {
-        case wi_type_label:
-            for (std::size_t i = 0; i < used; ++i)
-                if (pool[i] == wo)
-                    expected[i] = b;
-            return;
-        case wi_type_crop: {
-            const wi_crop &c = *wo->obj.crop;
-            const int left = part(b.w, c.cleft), top = part(b.h, c.ctop);
-            return visit(wo->child,
-                         {b.x + left, b.y + top, b.w - part(b.w, c.cright) - left, b.h - part(b.h, c.cbottom) - top});
-        }
-        case wi_type_form:
-            for (wi_obj *area = wo->child; area; area = area->obj.null->next) {
-                const wi_null &n = *area->obj.null;
-                const int x0 = part(1, b.x + b.w * n.x0relative), y0 = part(1, b.y + b.h * n.y0relative);
-                visit(area->child,
-                      {x0, y0, part(1, b.x + b.w * n.x1relative) - x0, part(1, b.y + b.h * n.y1relative) - y0});
-            }
-            return;
-        case wi_type_drect: {
-            const wi_drect &d = *wo->obj.drect;
-            const int w = d.direction ? part(b.w, d.sizefrac) : b.w, h = d.direction ? b.h : part(b.h, d.sizefrac);
-            visit(wo->child, {b.x, b.y, w, h});
-            return d.direction ? visit(d.child2, {b.x + w, b.y, b.w - w, b.h})
-                               : visit(d.child2, {b.x, b.y + h, b.w, b.h - h});
-        }
-        default: {
-            const wi_rectary &a = *wo->obj.rectary;
-            const int w = b.w / a.ncols, h = b.h / a.nrows, x = part(w, a.xcrop), y = part(h, a.ycrop);
-            for (int i = 0; i < a.numchildren; ++i)
-                visit(a.children[i], {b.x + i % a.ncols * w + x, b.y + i / a.ncols * h + y, w - 2 * x, h - 2 * y});
-        }
+        if (kind == 0) {
+            addchild(pool[expected.size()], parent);
+            expected.push_back(b);
+        } else if (kind == 1) {
+            const int top = part(b.h, f), left = part(b.w, g);
+            grow(wi_mk_crop(parent, f, g, g, f),
+                 {b.x + left, b.y + top, b.w - left - part(b.w, f), b.h - top - part(b.h, g)}, depth + 1);
+        } else if (kind == 2) {
+            wi_obj *area = wi_form_parent(wi_mk_form(parent, 10, 20), 0, 0, 10 * f, 20 * g);
+            const double x = b.x + b.w * area->obj.null->x1relative, y = b.y + b.h * area->obj.null->y1relative;
+            grow(area, {b.x, b.y, part(1, x) - b.x, part(1, y) - b.y}, depth + 1);
+        } else if (kind == 3) {
+            wi_obj *grid = wi_mk_rectary(parent, rows, columns, f, g);
+            const int w = b.w / columns, h = b.h / rows, x = part(w, f), y = part(h, g);
+            for (int i = 0, last = pick(rows * columns); i <= last; ++i)
+                grow(grid, {b.x + i % columns * w + x, b.y + i / columns * h + y, w - 2 * x, h - 2 * y}, depth + 1);
+        } else {
+            wi_obj *drect = wi_mk_drect(parent, kind - 4, f);
+            const bool across = kind == 5;
+            const int w = across ? part(b.w, f) : b.w, h = across ? b.h : part(b.h, f);
+            grow(drect, {b.x, b.y, w, h}, depth + 1);
+            grow(drect, across ? box{b.x + w, b.y, b.w - w, h} : box{b.x, b.y + h, w, b.h - h}, depth + 1);
         }
     }
 
     wi_obj *window;
     const std::vector<wi_obj *> &pool;
     std::mt19937 random;
-    std::vector<box> expected;
 };
 
-bool overlap(const box &a, const box &b)
-{
-    return a.x < b.x + b.w && b.x < a.x + a.w && a.y < b.y + b.h && b.y < a.y + a.h;
-}
-
 // In these trees a container's parts never overlap, so no two leaves do.
-void expect_apart(const std::vector<box> &boxes, unsigned seed)
+void expect_apart(const std::vector<box> &boxes)
 {
-    for (std::size_t i = 0; i < boxes.size(); ++i)
-        for (std::size_t j = 0; j < i; ++j)
-            ASSERT_FALSE(overlap(boxes[i], boxes[j])) << "seed " << seed << ": " << boxes[i] << boxes[j];
+    for (const box &a : boxes)
+        for (const box &b : boxes)
+            ASSERT_FALSE(&a != &b && a.x < b.x + b.w && b.x < a.x + a.w && a.y < b.y + b.h && b.y < a.y + a.h)
+                << a << b;
 }
 
 TEST(Layout, OfRandomTreesIsTheArithmeticAndShrinkingIsUndoneByGrowing)
 {
-    constexpr unsigned trees = 100000;
     wi_obj *window = wi_mk_dovapp(nullptr, "layout");
     std::vector<wi_obj *> pool;
     for (int i = 0; i < 4; ++i) {
         window->child = nullptr;
         pool.push_back(leaf(window));
     }
-    const auto places = [&](std::size_t n) {
-        std::vector<box> found;
-        for (std::size_t i = 0; i < n; ++i)
-            found.push_back(place(pool[i]->handle));
-        return found;
-    };
     std::mt19937 random(20261);
-    for (unsigned seed = 0; seed < trees; ++seed) {
-        random_tree tree(window, pool, seed);
+    for (unsigned seed = 0; seed < 100000; ++seed) {
         const int w = static_cast<int>(random() % 2000), h = static_cast<int>(random() % 1500);
-        onresize(window, 0, 0, w, h);
-        const std::vector<box> expected = tree.expect(w, h);
-        ASSERT_EQ(places(tree.used), expected) << "seed " << seed << " at " << w << " x " << h;
-        expect_apart(expected, seed);
+        const random_tree tree(window, pool, seed, {0, 0, w, h});
+        ASSERT_EQ(tree.places(w, h), tree.expected) << "seed " << seed << " at " << w << " x " << h;
+        ASSERT_NO_FATAL_FAILURE(expect_apart(tree.expected)) << "seed " << seed;
         if (seed % 10)
             continue;
-        onresize(window, 0, 0, w / 3, h / 7);
-        onresize(window, 0, 0, w, h);
-        ASSERT_EQ(places(tree.used), expected) << "seed " << seed << " after shrinking and growing";
+        tree.places(w / 3, h / 7);
+        ASSERT_EQ(tree.places(w, h), tree.expected) << "seed " << seed << " after shrinking and growing";
     }
 }
 

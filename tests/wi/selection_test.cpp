@@ -5,38 +5,22 @@
 
 namespace {
 
-wi_obj *new_area()
-{
-    return wi_form_parent(wi_mk_form(nullptr, 100, 100), 0, 0, 50, 10);
-}
-
 const char *const abc[] = {"A", "B", "C", nullptr};
-
-void click(HWND control)
-{
-    SendMessageA(GetParent(control), WM_COMMAND, MAKEWPARAM(1, BN_CLICKED), LPARAM(control));
-}
 
 TEST(ListSelection, KeepsItsChoiceAsLongAsThereIsOne)
 {
-    const struct {
-        std::vector<const char *> list;
-        const char *put;
-        int index;
-    } table[] = {{{"A", "B", nullptr}, "x", 0},
-                 {{"A", "B", nullptr}, "B", 1},
-                 {{"C", "A", "B", "B", nullptr}, "b", 2},
-                 {{"x", nullptr}, "", 0},
-                 {{nullptr}, "x", -1}};
+    using row = std::tuple<std::vector<const char *>, const char *, int>; // list, what is put, index
     wi_obj *wo = wi_mk_listsel(new_area(), "L & M", 0.5, nullptr);
     EXPECT_EQ(taken(wi_listsel_getstr(wo)) + taken(wi_get_label(wo)), "L & M");
     for (const int editable : {0, 1, 0}) {
         wi_set_editable(wo, editable);
-        for (const auto &row : table) {
-            wi_listsel_setlist(wo, row.list.data());
-            wi_set_string(wo, row.put);
-            EXPECT_EQ(wi_listsel_getindex(wo), row.index) << row.put;
-            EXPECT_EQ(taken(wi_get_string(wo)), row.index < 0 ? "" : row.list[size_t(row.index)]);
+        for (const auto &[list, put, index] :
+             {row{{"A", "B", nullptr}, "x", 0}, row{{"A", "B", nullptr}, "B", 1},
+              row{{"C", "A", "B", "B", nullptr}, "b", 2}, row{{"x", nullptr}, "", 0}, row{{nullptr}, "x", -1}}) {
+            wi_listsel_setlist(wo, list.data());
+            wi_set_string(wo, put);
+            EXPECT_EQ(wi_listsel_getindex(wo), index) << put;
+            EXPECT_EQ(taken(wi_get_string(wo)), index < 0 ? "" : list[size_t(index)]);
         }
     }
     const std::string text(150, 'x');
@@ -61,7 +45,7 @@ TEST(ListSelection, TellsOfChoicesAndOfEnter)
     seen::reset();
     wi_listsel_selchng_cb(wo, tell, 9);
     press_key(sel->staticarea, VK_DOWN);
-    EXPECT_TRUE(seen::wo == wo && seen::tag == 9 && during == "B");
+    EXPECT_TRUE(seen::last() == std::pair(wo, 9) && during == "B") << during;
     wi_listsel_editable(wo, 1);
     press_key(edit, VK_DOWN);
     EXPECT_EQ(during, "C") << "told before the edit part shows it";
@@ -103,28 +87,23 @@ TEST(ListSelection, FillsItsPlaceAndOpensBelowIt)
 TEST(FileSelection, StartsInTheDataDirectory)
 {
     const std::string standard = "d:\\zolt0\\zolt\\data\\", longest(300, 'p');
-    const struct {
-        const char *zolt; // "" is not set
-        std::string path, completed;
-    } table[] = {{"c:\\z\\", "*.iq", "c:\\z\\data\\*.iq"},
-                 {"c:\\z", "\\*.iq", "c:\\z\\data\\*.iq"},
-                 {"", "*.iq", standard + "*.iq"},
-                 {"", "c:\\data\\*.iq", "c:\\data\\*.iq"},
-                 {"", "\\\\x", "\\\\x"},
-                 {"", longest, (standard + longest).substr(0, 255)},
-                 {"", "d\\" + longest, "d\\" + longest.substr(0, 253)}};
-    for (const auto &row : table) {
-        _putenv_s("ZOLT", row.zolt);
-        wi_obj *wo = wi_mk_filesel(new_area(), "F", row.path.c_str(), 0.5);
-        EXPECT_EQ(wo->obj.filesel->filebox->obj.filebox->defdir, row.completed);
+    using row = std::tuple<const char *, std::string, std::string>; // ZOLT, "" is not set; path; what it becomes
+    for (const auto &[zolt, path, completed] :
+         {row{"c:\\z\\", "*.iq", "c:\\z\\data\\*.iq"}, row{"c:\\z", "\\*.iq", "c:\\z\\data\\*.iq"},
+          row{"", "*.iq", standard + "*.iq"}, row{"", "c:\\data\\*.iq", "c:\\data\\*.iq"}, row{"", "\\\\x", "\\\\x"},
+          row{"", longest, (standard + longest).substr(0, 255)},
+          row{"", "d\\" + longest, "d\\" + longest.substr(0, 253)}}) {
+        _putenv_s("ZOLT", zolt);
+        wi_obj *wo = wi_mk_filesel(new_area(), "F", path.c_str(), 0.5);
+        EXPECT_EQ(wo->obj.filesel->filebox->obj.filebox->defdir, completed);
     }
     _putenv_s("ZOLT", "");
     wi_obj *wo = wi_mk_filesel(nullptr, "File", nullptr, 0.5);
-    EXPECT_FALSE(answered([&] { click(wo->obj.filesel->button->handle); }, press(IDCANCEL)).buttons.empty());
+    EXPECT_FALSE(answered([&] { click_on(wo->obj.filesel->button->handle); }, press(IDCANCEL)).buttons.empty());
     wi_filesel_chng_cb(wo, seen::callback, 3);
     seen::reset();
     press_key(wo->obj.filesel->strfld->obj.strfld->editarea, VK_RETURN);
-    EXPECT_TRUE(seen::wo == wo && seen::tag == 3);
+    EXPECT_EQ(seen::last(), std::pair(wo, 3));
 }
 
 TEST(ButtonArray, IsFilledRowByRowAndAddressedByName)
@@ -138,8 +117,8 @@ TEST(ButtonArray, IsFilledRowByRowAndAddressedByName)
     onresize(array->rectanglearray, 0, 0, 100, 60);
     EXPECT_EQ(place_of(array->ary[2].button->handle).top, 30) << "the blank keeps its place";
     seen::reset();
-    click(array->ary[2].button->handle);
-    EXPECT_TRUE(seen::wo == wo && seen::tag == 2);
+    click_on(array->ary[2].button->handle);
+    EXPECT_EQ(seen::last(), std::pair(wo, 2));
     EXPECT_EQ(wi_butary_getstate(wo, "t"), 0) << "the first of the name is off";
     wi_butary_setstate(wo, "t", 1);
     EXPECT_EQ(wi_get_state(array->ary[0].button) + wi_get_state(array->ary[2].button), 2);
@@ -180,7 +159,7 @@ TEST(ToggleArray, FollowsTheRuleOfItsMode)
         EXPECT_EQ(states(), row.kept) << row.mode << row.before;
         EXPECT_EQ(wi_togary_getindex(wo), static_cast<int>(row.kept.find('1')));
         if (row.index < 3)
-            click(array->ary[row.index].button->handle);
+            click_on(array->ary[row.index].button->handle);
         EXPECT_EQ(states(), row.clicked) << row.mode << row.before;
         set(row.mode, row.before);
         wi_togary_setstate(wo, row.index, 2);
@@ -191,7 +170,7 @@ TEST(ToggleArray, FollowsTheRuleOfItsMode)
     wi_togary_setary(wo, std::vector{2, 0, 0}.data());
     EXPECT_EQ(states(), "010") << "toggle 0 gives way again";
     wi_set_editable(wo, 0);
-    click(array->ary[2].button->handle);
+    click_on(array->ary[2].button->handle);
     EXPECT_EQ(states(), "010") << "a click is undone";
 }
 
@@ -221,10 +200,10 @@ TEST(ColorButton, StepsThroughTheColorsThatMayBeChosen)
     wi_colorbut_chng_cb(wo, seen::callback, 4);
     seen::reset();
     for (const int index : {7, 3, 7}) {
-        click(wo->handle);
+        click_on(wo->handle);
         EXPECT_EQ(wi_colorbut_getcolor(wo), index);
     }
-    EXPECT_TRUE(seen::wo == wo && seen::tag == 4);
+    EXPECT_EQ(seen::last(), std::pair(wo, 4));
     wi_colorbut_colorstate(wo, 7, 0);
     EXPECT_EQ(wi_colorbut_getcolor(wo), 3) << "the forbidden colour gives way";
     // 100 by 60: edges of 3 pixels
@@ -232,11 +211,11 @@ TEST(ColorButton, StepsThroughTheColorsThatMayBeChosen)
     EXPECT_EQ(drawn(wo, {{9, 50}, {10, 50}, {12, 76}, {50, 22}, {13, 23}, {106, 76}, {107, 20}, {10, 77}, {110, 50}}),
               (std::vector<COLORREF>{0, light, light, light, blue, blue, dark, dark, 0}));
     wi_colorbut_setary(wo, none);
-    click(wo->handle);
+    click_on(wo->handle);
     EXPECT_EQ(drawn(wo, {{60, 50}})[0], GetSysColor(COLOR_BTNFACE));
     wi_colorbut_setcolor(wo, 99);
     wi_set_editable(wo, 0);
-    click(wo->handle);
+    click_on(wo->handle);
     EXPECT_TRUE(drawn(wo, {{60, 50}})[0] == GetSysColor(COLOR_BTNFACE) && wi_colorbut_getcolor(wo) == -1);
     wi_set_editable(wo, 1);
     int states[10];
@@ -254,27 +233,6 @@ TEST(Icon, ShowsItsBitmapUnscaledInTheCorner)
     EXPECT_EQ(drawn(wo, points), (std::vector<COLORREF>{frame, frame, face, wood}));
     wi_icon(wo, 4);
     EXPECT_EQ(drawn(wo, points), std::vector<COLORREF>(4, face));
-}
-
-TEST(Focus, GoesThroughSelectionsAndArrays)
-{
-    wi_obj *form = wi_mk_form(nullptr, 1, 1), *grid = wi_mk_rectary(wi_form_parent(form, 0, 0, 1, 1), 6, 1, 0, 0);
-    const wi_listsel *list = wi_mk_listsel(grid, "", 0.5, abc)->obj.listsel;
-    wi_mk_icon(grid, 1);
-    const wi_filesel *file = wi_mk_filesel(grid, "", "", 0.5)->obj.filesel;
-    wi_obj *buttons = wi_mk_butary(grid, 1, 2), *color = wi_mk_colorbut(grid);
-    wi_butary_blank(buttons);
-    wi_butary_button(buttons, "2", 0, nullptr, 0);
-    wi_obj *toggle = wi_mk_togary(grid, abc + 2, 0)->obj.togary->butary->obj.butary->ary[0].button;
-    wi_on(form);
-    wi_activate_first(form);
-    for (const HWND expected :
-         {list->staticarea, file->button->handle, file->strfld->obj.strfld->editarea,
-          buttons->obj.butary->ary[1].button->handle, color->handle, toggle->handle, list->staticarea}) {
-        ASSERT_EQ(GetFocus(), expected);
-        press_key(expected, VK_TAB);
-    }
-    wi_off(form);
 }
 
 } // namespace

@@ -11,7 +11,6 @@ struct fake_disk {
     std::map<std::string, std::string> files; // by full path, or by name in the current directory
     std::set<std::string> dirs;
     std::vector<std::string> commands; // as given to system, in order
-    std::vector<std::string> messages; // as given to popmsg
     int operations = 0;                // operations asked for so far
     int fail_at = 0;                   // number of the operation that fails; 0 for none
 

@@ -2,6 +2,15 @@
 #pragma once
 
 #include "support/program_process.h"
+#include "text.h"
+
+#include <gtest/gtest.h>
+
+inline std::string utf8(const std::wstring &s)
+{
+    const std::u8string bytes = std::filesystem::path(s).u8string();
+    return {bytes.begin(), bytes.end()};
+}
 
 class installer_process : public program_process {
 public:
@@ -9,10 +18,9 @@ public:
         : program_process(L"xinstall.exe", dir, arguments)
     {
         top = wait_for_window(L" ");
-        wait_until([this] { return !prompt().empty(); });
+        EXPECT_TRUE(wait_until([this] { return !prompt().empty(); }));
     }
 
-    bool found() const { return top != nullptr; }
     HWND field() const { return child(top, L"Edit"); }
     std::wstring prompt() const { return text_of(child(top, L"Static", L"Where")); }
     std::wstring location() const { return text_of(field()); }
@@ -45,9 +53,8 @@ public:
     }
 
     HWND popup() const { return window(L"Message"); }
-    bool has_message() const { return popup() != nullptr; }
-    bool wait_for_message() const { return wait_for_window(L"Message") != nullptr; }
-    std::wstring message() const { return has_message() ? text_of(child(popup(), L"Static")) : L"(no message)"; }
+    // With blanks where its lines are broken.
+    std::string message() const { return replaced(utf8(text_of(child(popup(), L"Static"))), "\n", " "); }
     int message_height() const
     {
         RECT rect = {};

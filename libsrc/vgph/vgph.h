@@ -1,0 +1,4 @@
+// Vector graphics: what a hardcopy is made with.
+#pragma once
+
+#include "vgph/vghardcopy.h"
