@@ -111,7 +111,7 @@ void look_for(const std::string &table, const std::string &key)
     if (place.line)
         require(wi_hlp_subtopics(table, *place.line).size() <= 7 * table.size());
     std::vector<std::string> expected = search(lines, split(upper(key), ':').back());
-    std::vector<std::string> found = wi_hlp_search(table, key); // the nearest one first
+    std::vector<std::string> found = wi_hlp_search(table, key, place.first); // the nearest one first
     std::sort(expected.begin(), expected.end());
     std::sort(found.begin(), found.end());
     require(found == expected);

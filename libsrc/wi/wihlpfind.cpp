@@ -178,7 +178,9 @@ std::optional<wi_hlp_line> find_topic(std::string_view table, std::size_t from, 
     while ((begin = find_line(table, beginning, begin)) < table.size()) {
         const std::optional<wi_hlp_line> line = line_at(table, begin);
         if (line && line->name.size() >= part.size() && (!whole || line->name.size() == part.size())) {
-            const bool reached = level == 0 || find_line(table.substr(0, begin), digit(level - 1), from) == begin;
+            const char above = static_cast<char>('0' + level - 1);
+            const auto is_above = [above](char c) { return static_cast<int>(c == above); };
+            const bool reached = level == 0 || find_line_where(table.substr(0, begin), from, is_above) == begin;
             return reached ? line : std::nullopt;
         }
         begin = next_line(table, begin);
@@ -275,9 +277,11 @@ bool wi_hlp_begins(std::string_view text, std::string_view upper)
 wi_hlp_place wi_hlp_find(std::string_view table, std::string_view key)
 {
     key_parts parts = split(key);
-    wi_hlp_place place{std::nullopt, parts.back(), ""};
+    wi_hlp_place place{std::nullopt, parts.back(), "", 0};
     // Every way to a topic ends at the last part, and most keys without a topic have one that is nowhere.
     const std::size_t first = place.keyword.empty() ? 0 : find_folded(table, place.keyword, 0);
+    if (wi_hlp_begins(last_part(key), place.keyword)) // not so when the key has more parts than count
+        place.first = first;
     if (!place.keyword.empty() && first == table.size())
         return place;
     const std::size_t first_line = table.rfind('\n', first) + 1;
@@ -318,13 +322,15 @@ std::string wi_hlp_subtopics(std::string_view table, const wi_hlp_line &topic)
     return list;
 }
 
-std::vector<std::string> wi_hlp_search(std::string_view table, std::string_view key)
+std::vector<std::string> wi_hlp_search(std::string_view table, std::string_view key, std::size_t first)
 {
     std::vector<std::string> matches;
     const std::string keyword = upper(last_part(key));
+    if (keyword.empty() || first == table.size())
+        return matches;
     table = sound_lines(table);
     topics_above above(table);
-    std::size_t place = keyword.empty() ? table.size() : find_folded(table, keyword, 0);
+    std::size_t place = find_folded(table, keyword, std::min(first, table.size()));
     while (place < table.size() && matches.size() < wi_hlp_match_limit) {
         const std::size_t begin = table.substr(0, place + 1).rfind('\n') + 1; // npos + 1 is 0
         std::size_t from = begin + 2;                                         // where the name begins

@@ -34,6 +34,7 @@ struct wi_hlp_place {
     std::optional<wi_hlp_line> line;
     std::string keyword;  // the key's last part in upper case
     std::string fallback; // the key that was used in place of the one looked up, or empty
+    std::size_t first;    // before this place of the table wi_hlp_search finds nothing
 };
 
 // Looks the topic up level by level. A part of the key other than the last matches every name that begins with it, and
@@ -48,5 +49,5 @@ std::string wi_hlp_subtopics(std::string_view table, const wi_hlp_line &line);
 
 // The keys of the topics whose names contain the last part of the key, at most wi_hlp_match_limit. The one that is
 // nearest to the key comes first: <key without its last two parts>:<last>. An empty part is contained nowhere. The
-// search ends at a line that begins with no digit.
-std::vector<std::string> wi_hlp_search(std::string_view table, std::string_view key);
+// search ends at a line that begins with no digit. `first` is what wi_hlp_find has told, or 0.
+std::vector<std::string> wi_hlp_search(std::string_view table, std::string_view key, std::size_t first);

@@ -106,7 +106,7 @@ bool answer_topic(std::FILE *library, std::string_view table, const wi_hlp_place
 
 void answer_search(std::string_view table, const wi_hlp_place &place, wi_hlp_answer &answer)
 {
-    answer.matches = wi_hlp_search(table, answer.key);
+    answer.matches = wi_hlp_search(table, answer.key, place.first);
     answer.what = answer.matches.empty() ? wi_hlp_answer::nothing : wi_hlp_answer::by_keyword;
     answer.too_many = answer.matches.size() == wi_hlp_match_limit;
     answer.text = "No information available for " + place.keyword;
