@@ -12,7 +12,7 @@ logs=$build/logs
 # Whatever the user's language, numbers have points, messages are English and file names UTF-8, in Wine too.
 export LC_ALL=C.UTF-8
 
-packages_linux=(cmake ninja-build g++ googletest)
+packages_linux=(cmake ninja-build g++ googletest libedit-dev librsvg2-bin netpbm fonts-liberation)
 packages_windows=(cmake ninja-build g++-mingw-w64-x86-64 googletest)
 
 say() { echo "$(basename "$0"): $*" >&2; }
