@@ -47,7 +47,7 @@ struct options {
     bool are_consistent() const
     {
         return config.has_value() + plot.has_value() + tics + functions + !(formulas.empty() && files.empty()) <= 1 &&
-               plot.has_value() == picture.has_value() && !(json && plot);
+               plot.has_value() == picture.has_value() && !(json && (plot || functions));
     }
 };
 

@@ -69,8 +69,14 @@ sp_value *sp_gather(const sp_call &call)
 
 sp_value *sp_cut_array(sp_value *array, std::size_t count)
 {
-    array->npts = static_cast<std::int32_t>(count);
-    return array;
+    if (count >= static_cast<std::size_t>(array->npts) / 2) {
+        array->npts = static_cast<std::int32_t>(count);
+        return array;
+    }
+    sp_value *cut = sp_mk_elements(count);
+    std::copy_n(array->ary, count, cut->ary);
+    sp_free_value(array);
+    return cut;
 }
 
 sp_value *sp_cut_result(sp_value *array, std::size_t count)

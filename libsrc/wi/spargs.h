@@ -49,6 +49,6 @@ sp_value *sp_mk_elements(std::size_t n);
 // New ARRAY of all numbers in the arguments, one after the other; an ERROR when there is no memory for them.
 sp_value *sp_gather(const sp_call &call);
 
-// A new ARRAY cut to its first elements; the second gives a SCALER when that is just one.
+// A new ARRAY cut to its first elements, without memory for many more; the second gives a SCALER when that is just one.
 sp_value *sp_cut_array(sp_value *array, std::size_t count);
 sp_value *sp_cut_result(sp_value *array, std::size_t count);

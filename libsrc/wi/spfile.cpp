@@ -8,14 +8,13 @@
 #include "fileio/fileio.h"
 #include "wi/spargs.h"
 #include "wi/spconvert.h"
+#include "wi/spquantity.h"
 #include "wi/spworkers.h"
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstring>
 #include <memory>
-#include <numbers>
 #include <string>
 
 namespace {
@@ -89,141 +88,6 @@ constexpr header_quantity header_quantities[] = {
     {"ncoe", sp_data_coefficients},    {"ngat", sp_data_gates},
 };
 
-// ---- quantities of elements -----------------------------------------------------------------------------------------
-
-// Numbers of a block of elements, from up to three fields.
-using combiner = void (*)(const double *const *in, double *out, std::size_t n);
-
-SP_WIDE void amplitude(const double *const *in, double *out, std::size_t n)
-{
-    const double *i = in[0];
-    const double *q = in[1];
-    for (std::size_t k = 0; k < n; ++k)
-        out[k] = std::sqrt(i[k] * i[k] + q[k] * q[k]);
-}
-
-void phase(const double *const *in, double *out, std::size_t n)
-{
-    for (std::size_t k = 0; k < n; ++k)
-        out[k] = std::atan2(in[1][k], in[0][k]);
-}
-
-// From range, elevation and azimuth, the angles in degrees: east, north and up.
-double radians(double degrees)
-{
-    return degrees * (std::numbers::pi / 180);
-}
-
-double east(double range, double elevation, double azimuth)
-{
-    return range * std::cos(radians(elevation)) * std::sin(radians(azimuth));
-}
-
-double north(double range, double elevation, double azimuth)
-{
-    return range * std::cos(radians(elevation)) * std::cos(radians(azimuth));
-}
-
-double up(double range, double elevation, double /*azimuth*/)
-{
-    return range * std::sin(radians(elevation));
-}
-
-template <double (*coordinate)(double, double, double)>
-void place(const double *const *in, double *out, std::size_t n)
-{
-    for (std::size_t k = 0; k < n; ++k)
-        out[k] = coordinate(in[0][k], in[1][k], in[2][k]);
-}
-
-void location(const double *const *in, double *out, std::size_t n)
-{
-    for (std::size_t k = 0; k < n; ++k) {
-        *out++ = east(in[0][k], in[1][k], in[2][k]);
-        *out++ = north(in[0][k], in[1][k], in[2][k]);
-        *out++ = up(in[0][k], in[1][k], in[2][k]);
-    }
-}
-
-void triple(const double *const *in, double *out, std::size_t n)
-{
-    for (std::size_t k = 0; k < n; ++k)
-        for (std::size_t c = 0; c < 3; ++c)
-            *out++ = in[c][k];
-}
-
-void pair(const double *const *in, double *out, std::size_t n)
-{
-    for (std::size_t k = 0; k < n; ++k)
-        for (std::size_t c = 0; c < 2; ++c)
-            *out++ = in[c][k];
-}
-
-// A field of elements, or of one of its items: of a certain one, or of the one that the call names.
-constexpr int named_item = -1;
-struct input {
-    const char *field = nullptr;
-    int item = named_item;
-};
-
-struct quantity {
-    int datatype;
-    std::array<input, 3> inputs;
-    combiner combine = nullptr; // null for the first input alone
-    int width = 1;              // numbers for each element
-    int order = 0;              // of the rate of change that is then formed
-};
-
-constexpr std::array<input, 3> polar = {{{"range"}, {"elevation"}, {"azimuth"}}};
-constexpr std::array<input, 3> iq = {{{"i"}, {"q"}}};
-
-constexpr input component(int item)
-{
-    return {"x", item};
-}
-
-// Of several rows for a quantity the first whose inputs the file has counts.
-constexpr quantity quantities[] = {
-    {sp_data_amplitude, iq, amplitude},
-    {sp_data_amplitude, {{{"amp"}}}},
-    {sp_data_amplitude, {{{"sample"}}}},
-    {sp_data_phase, iq, phase},
-    {sp_data_i, {{{"i"}}}},
-    {sp_data_q, {{{"q"}}}},
-    {sp_data_range, {{{"range"}}}},
-    {sp_data_elevation, {{{"elevation"}}}},
-    {sp_data_azimuth, {{{"azimuth"}}}},
-    {sp_data_rate, {{{"range"}}}, nullptr, 1, 1},
-    {sp_data_rate, {{{"hz"}}}},
-    {sp_data_acceleration, {{{"range"}}}, nullptr, 1, 2},
-    {sp_data_acceleration, {{{"hz"}}}, nullptr, 1, 1},
-    {sp_data_location, polar, location, 3},
-    {sp_data_location, {{component(0), component(1), component(2)}}, triple, 3},
-    {sp_data_position, polar, place<east>},
-    {sp_data_position, {{component(0)}}},
-    {sp_data_position + 1, polar, place<north>},
-    {sp_data_position + 1, {{component(1)}}},
-    {sp_data_position + 2, polar, place<up>},
-    {sp_data_position + 2, {{component(2)}}},
-    {sp_data_velocity, polar, place<east>, 1, 1},
-    {sp_data_velocity, {{component(0)}}, nullptr, 1, 1},
-    {sp_data_velocity + 1, polar, place<north>, 1, 1},
-    {sp_data_velocity + 1, {{component(1)}}, nullptr, 1, 1},
-    {sp_data_velocity + 2, polar, place<up>, 1, 1},
-    {sp_data_velocity + 2, {{component(2)}}, nullptr, 1, 1},
-    {sp_data_xyz_acceleration, polar, place<east>, 1, 2},
-    {sp_data_xyz_acceleration, {{component(0)}}, nullptr, 1, 2},
-    {sp_data_xyz_acceleration + 1, polar, place<north>, 1, 2},
-    {sp_data_xyz_acceleration + 1, {{component(1)}}, nullptr, 1, 2},
-    {sp_data_xyz_acceleration + 2, polar, place<up>, 1, 2},
-    {sp_data_xyz_acceleration + 2, {{component(2)}}, nullptr, 1, 2},
-    {sp_data_attitude, {{component(3)}}},
-    {sp_data_attitude + 1, {{component(4)}}},
-    {sp_data_attitude + 2, {{component(5)}}},
-    {sp_data_valid, {{{"flag"}}}},
-    {sp_data_all, iq, pair, 2},
-};
-
 // ---- one open file --------------------------------------------------------------------------------------------------
 
 // Where a block of elements has the numbers of a field, and what they are to be made into.
@@ -295,14 +159,14 @@ public:
 
 private:
     bool find_window();
-    bool columns_of(const quantity &q, std::array<column, 3> &columns) const;
-    bool column_of(const input &in, column &c) const;
+    bool columns_of(const sp_quantity &q, std::array<column, 3> &columns) const;
+    bool column_of(const sp_input &in, column &c) const;
     double header_real(const char *field, double otherwise) const;
     sp_value *header_field(const dov_field &field) const;
-    sp_value *read(const quantity &q);
+    sp_value *read(const sp_quantity &q);
     sp_value *read_times();
     sp_value *read_all();
-    sp_value *rates(const quantity &q, value_ptr values);
+    sp_value *rates(const sp_quantity &q, value_ptr values);
     sp_value *new_array(std::int64_t width);
     template <class Take>
     bool each_block(Take take);
@@ -393,9 +257,9 @@ bool data_file::find_window()
     return fault.empty();
 }
 
-bool data_file::column_of(const input &in, column &c) const
+bool data_file::column_of(const sp_input &in, column &c) const
 {
-    const bool named = in.item == named_item;
+    const bool named = in.item == sp_named_item;
     const dov_field *field = named ? dov_find_field(layout.fields, in.field) : nullptr;
     c = {};
     if (field != nullptr) {
@@ -418,7 +282,7 @@ bool data_file::column_of(const input &in, column &c) const
     return true;
 }
 
-bool data_file::columns_of(const quantity &q, std::array<column, 3> &columns) const
+bool data_file::columns_of(const sp_quantity &q, std::array<column, 3> &columns) const
 {
     for (std::size_t i = 0; i < columns.size() && q.inputs[i].field != nullptr; ++i)
         if (!column_of(q.inputs[i], columns[i]))
@@ -458,7 +322,7 @@ bool data_file::each_block(Take take)
     return good;
 }
 
-sp_value *data_file::read(const quantity &q)
+sp_value *data_file::read(const sp_quantity &q)
 {
     std::array<column, 3> columns{};
     columns_of(q, columns);
@@ -487,7 +351,7 @@ sp_value *data_file::read(const quantity &q)
 
 sp_value *data_file::read_times()
 {
-    static constexpr quantity element_times = {sp_data_time, {{{"time"}}}};
+    static constexpr sp_quantity element_times = {sp_data_time, {{{"time"}}}};
     if (type->clock == dov_clock::element)
         return read(element_times);
     const bool counted = type->clock == dov_clock::index;
@@ -519,9 +383,9 @@ sp_value *data_file::read_all()
     return each_block(take) ? result.release() : nullptr;
 }
 
-sp_value *data_file::rates(const quantity &q, value_ptr values)
+sp_value *data_file::rates(const sp_quantity &q, value_ptr values)
 {
-    static constexpr quantity flags = {sp_data_valid, {{{"flag"}}}};
+    static constexpr sp_quantity flags = {sp_data_valid, {{{"flag"}}}};
     const value_ptr times(read_times());
     std::array<column, 3> columns{};
     const bool flagged = parms.fitall == 0 && columns_of(flags, columns);
@@ -543,11 +407,12 @@ sp_value *data_file::track(int datatype)
         return elements > 0 ? read_times() : nullptr;
     }
     std::array<column, 3> columns{};
-    const auto *q = std::find_if(std::begin(quantities), std::end(quantities), [&](const quantity &row) {
+    const auto table = sp_quantities();
+    const auto q = std::find_if(table.begin(), table.end(), [&](const sp_quantity &row) {
         return row.datatype == datatype && columns_of(row, columns);
     });
     const bool all = datatype == sp_data_all && !layout.group.empty();
-    if (q == std::end(quantities) && !all && datatype != sp_data_time) {
+    if (q == table.end() && !all && datatype != sp_data_time) {
         fault = bad_data_type;
         return nullptr;
     }

@@ -1,27 +1,14 @@
 // Mathematics. The domains are checked before the functions are applied, block by block, so that the compiler can
 // vectorise what it has vector instructions for.
 #include "wi/spargs.h"
+#include "wi/spcmath.h"
 #include "wi/spworkers.h"
 
 #include "dovsys/dovsys.h"
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <limits>
-
-#ifdef _WIN32
-// Windows' own functions: this compiler's library has others under these names, which use the x87 unit and are slower,
-// and its sine and cosine lose digits with growing arguments until none is left.
-extern "C" {
-__declspec(dllimport) double sin(double);
-__declspec(dllimport) double cos(double);
-__declspec(dllimport) double exp(double);
-__declspec(dllimport) double log(double);
-__declspec(dllimport) double pow(double, double);
-__declspec(dllimport) double atan2(double, double);
-}
-#endif
 
 namespace {
 
@@ -184,8 +171,9 @@ sp_value *spfunc_x(const sp_call &call)
     const bool is_array = call.args[0]->type == sp_array;
     const double number = is_array ? 0 : sp_arg_number(call, 0);
     sp_value *result = is_array ? sp_mk_array(call.args[0]->npts) : sp_mk_scaler(0);
-    const bool inside = is_array ? do_one(function, call.args[0]->ary, result->ary, static_cast<std::size_t>(result->npts))
-                                 : do_one(function, &number, &result->scaler, 1);
+    const bool inside = is_array
+                            ? do_one(function, call.args[0]->ary, result->ary, static_cast<std::size_t>(result->npts))
+                            : do_one(function, &number, &result->scaler, 1);
     if (inside)
         return result;
     sp_free_value(result);

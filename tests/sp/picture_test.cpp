@@ -41,7 +41,7 @@ public:
         std::FILE *pipe = popen(command.c_str(), "r");
         EXPECT_EQ(std::fscanf(pipe, "P6 %d %d 255", &width, &height), 2) << "Debian packages: librsvg2-bin netpbm";
         std::fgetc(pipe);
-        pixels.resize(static_cast<std::size_t>(width * height * 3));
+        pixels.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 3);
         EXPECT_EQ(std::fread(pixels.data(), 1, pixels.size(), pipe), pixels.size());
         pclose(pipe);
     }
