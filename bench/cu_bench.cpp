@@ -5,9 +5,9 @@
 
 #include "cu/cu.h"
 #include "dovsys/dovsys.h"
+#include "measure.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -17,15 +17,6 @@
 #include <vector>
 
 namespace {
-
-struct generator {
-    std::uint32_t state;
-    double next()
-    {
-        state = state * 1664525U + 1013904223U;
-        return state / 4294967296.0;
-    }
-};
 
 std::vector<double> xs;
 std::vector<double> ys;
@@ -47,12 +38,12 @@ int breakpoint(int i, double *time, int *ncont)
 
 void make_points(int n)
 {
-    generator random{9};
+    std::uint32_t random = 9;
     xs.resize(static_cast<std::size_t>(n));
     ys.resize(xs.size());
     for (std::size_t i = 0; i < xs.size(); ++i) {
-        xs[i] = (static_cast<double>(i) + 0.8 * random.next()) / n * 100;
-        ys[i] = std::sin(xs[i]) + 0.3 * std::sin(7.1 * xs[i]) + 0.1 * (random.next() - 0.5);
+        xs[i] = (static_cast<double>(i) + 0.8 * next_random(random)) / n * 100;
+        ys[i] = std::sin(xs[i]) + 0.3 * std::sin(7.1 * xs[i]) + 0.1 * (next_random(random) - 0.5);
     }
 }
 
@@ -75,7 +66,7 @@ double seconds(work &&run)
 {
     const auto start = std::chrono::steady_clock::now();
     run();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    return seconds_since(start);
 }
 
 void line(const char *name, const std::string &n, const char *metric, double value)
@@ -103,10 +94,10 @@ void measure_fits(int reps)
 void measure_evaluations(int reps)
 {
     make_points(100000);
-    generator random{21};
+    std::uint32_t random = 21;
     std::vector<double> abscissae(1000000);
     std::generate(abscissae.begin(), abscissae.end(),
-                  [&] { return std::clamp(100 * random.next(), xs.front(), xs.back()); });
+                  [&] { return std::clamp(100 * next_random(random), xs.front(), xs.back()); });
     std::vector<double> values(abscissae.size());
     for (const char *order : {"random", "increasing"}) {
         for (const int breakpoints : {100, 1000}) {

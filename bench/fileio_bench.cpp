@@ -6,8 +6,8 @@
 // which are in the page cache. "ours" reads or writes blocks, "ours-getiq" and "ours-putiq" one element a call.
 
 #include "fileio/fileio.h"
+#include "measure.h"
 
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -33,11 +33,10 @@ struct sample_line {
 template <typename action>
 void sample(const sample_line &line, action act)
 {
-    using clock = std::chrono::steady_clock;
     for (int i = 0; i <= reps; ++i) {
-        const auto begin = clock::now();
+        const auto begin = std::chrono::steady_clock::now();
         act();
-        const double seconds = std::chrono::duration<double>(clock::now() - begin).count();
+        const double seconds = seconds_since(begin);
         if (i > 0)
             std::printf("%s\t%s\t%zu\t%s\t%.9g\n", line.name.c_str(), line.peer, line.n, line.metric,
                         line.bytes / seconds / 1e9);
@@ -67,10 +66,8 @@ std::vector<T> numbers(std::size_t n)
 {
     std::vector<T> all(n);
     std::uint32_t seed = 5;
-    for (T &x : all) {
-        seed = seed * 1664525U + 1013904223U;
-        x = static_cast<T>(seed / 4294967296.0 * 200 - 100);
-    }
+    for (T &x : all)
+        x = static_cast<T>(next_random(seed) * 200 - 100);
     return all;
 }
 

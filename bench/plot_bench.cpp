@@ -2,9 +2,9 @@
 //
 // Prints lines `plot ours 40x100000 metric value` (tabs): points a second, and the bytes of the picture.
 
+#include "measure.h"
 #include "wi/sp.h"
 
-#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -25,9 +25,8 @@ void fill(sp_config &config)
         curve.yval = sp_mk_array(points);
         curve.icolor = 1 + i % 14;
         for (int k = 0; k < points; ++k) {
-            state = state * 1664525U + 1013904223U;
             curve.xval->ary[k] = k;
-            curve.yval->ary[k] = std::sin(k * 1e-4 + i) + state / 4294967296.0 * 0.1;
+            curve.yval->ary[k] = std::sin(k * 1e-4 + i) + next_random(state) * 0.1;
         }
     }
     config.xaxes[0].f1 = points;
@@ -45,10 +44,10 @@ int main(int argc, char **argv)
     for (int r = -1; r < reps; ++r) { // the first warms up
         const auto start = std::chrono::steady_clock::now();
         const std::size_t bytes = sp_plot_svg(context).size();
-        const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+        const double taken = seconds_since(start);
         if (r >= 0)
             std::printf("plot\tours\t%dx%d\tpoints/s\t%.9g\nplot\tours\t%dx%d\tbytes\t%zu\n", curves, points,
-                        curves * (points / taken.count()), curves, points, bytes);
+                        curves * (points / taken), curves, points, bytes);
     }
     sp_free_context(context);
     return 0;

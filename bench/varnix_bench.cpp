@@ -1,10 +1,10 @@
 // Formulas from text, at every call parsed anew. Usage: varnix_bench formula-latency|array-arith REPS
 //
 // Prints lines `case ours n metric value` (tabs), after one round that is not counted.
+#include "measure.h"
 #include "wi/sp.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -13,41 +13,11 @@
 
 namespace {
 
-using steady = std::chrono::steady_clock;
-
-double seconds_since(steady::time_point start)
-{
-    return std::chrono::duration<double>(steady::now() - start).count();
-}
-
-// Seconds for one call, each sample over so many calls that it takes about `target` seconds.
-template <class Call>
-std::vector<double> measure(int reps, double target, Call call)
-{
-    const auto sample = [&](long calls) {
-        const auto start = steady::now();
-        for (long i = 0; i < calls; ++i)
-            call();
-        return seconds_since(start);
-    };
-    long calls = 1;
-    double taken = sample(calls);
-    while (taken < target / 4) {
-        calls *= 4;
-        taken = sample(calls);
-    }
-    calls = std::max(1L, static_cast<long>(static_cast<double>(calls) * target / taken));
-    std::vector<double> seconds(static_cast<std::size_t>(std::max(reps, 0)));
-    std::generate(seconds.begin(), seconds.end(), [&] { return sample(calls) / static_cast<double>(calls); });
-    return seconds;
-}
-
 sp_value *array(int npts, std::uint32_t seed)
 {
     sp_value *value = sp_mk_array(npts);
     for (int i = 0; i < npts; ++i) {
-        seed = seed * 1664525U + 1013904223U;
-        value->ary[i] = 1 + seed / 4294967296.0;
+        value->ary[i] = 1 + next_random(seed);
     }
     return value;
 }

@@ -3,10 +3,10 @@
 // Prints lines `case peer n metric value` (tabs), after one round that is not counted. Beside the last two stands what
 // the machine allows: a copy of the grid; and reading the file's bytes into a kept array with one pass over them.
 #include "fileio/fileio.h"
+#include "measure.h"
 #include "wi/sp.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -17,37 +17,12 @@
 
 namespace {
 
-using steady = std::chrono::steady_clock;
-
-double seconds_since(steady::time_point start)
-{
-    return std::chrono::duration<double>(steady::now() - start).count();
-}
-
-// Seconds for one call, each sample over so many calls that it takes about `target` seconds.
-template <class Call>
-std::vector<double> measure(int reps, double target, Call call)
-{
-    const auto sample = [&](long calls) {
-        const auto start = steady::now();
-        for (long i = 0; i < calls; ++i)
-            call();
-        return seconds_since(start) / static_cast<double>(calls);
-    };
-    sample(1);
-    const long calls = std::max(1L, static_cast<long>(target / sample(1)));
-    std::vector<double> seconds(static_cast<std::size_t>(std::max(reps, 0)));
-    std::generate(seconds.begin(), seconds.end(), [&] { return sample(calls); });
-    return seconds;
-}
-
 void define(sp_context *context, const char *name, int npts, double low, double high)
 {
     std::uint32_t seed = 1;
     sp_value *value = sp_mk_array(npts);
     for (int i = 0; i < npts; ++i) {
-        seed = seed * 1664525U + 1013904223U;
-        value->ary[i] = low + (high - low) * (seed / 4294967296.0);
+        value->ary[i] = low + (high - low) * next_random(seed);
     }
     sp_var_putval(context, name, value, sp_program);
 }

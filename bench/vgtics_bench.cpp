@@ -2,9 +2,9 @@
 //
 // Prints lines `tics ours random metric value` (tabs): axes a second, positions alone and with the labels' texts.
 
+#include "measure.h"
 #include "vgph/vgtics.h"
 
-#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -17,14 +17,10 @@ namespace {
 std::vector<std::pair<double, double>> random_limits()
 {
     std::uint32_t state = 3;
-    const auto next = [&state] {
-        state = state * 1664525U + 1013904223U;
-        return state / 4294967296.0;
-    };
     std::vector<std::pair<double, double>> limits(20000);
     for (auto &[low, high] : limits) {
-        low = (next() - 0.5) * 200;
-        high = low + std::pow(10.0, next() * 8 - 4);
+        low = (next_random(state) - 0.5) * 200;
+        high = low + std::pow(10.0, next_random(state) * 8 - 4);
     }
     return limits;
 }
@@ -57,10 +53,10 @@ int main(int argc, char **argv)
                 cal_inc(&axis, 10);
                 kept = labels ? label_all(axis) : axis.nlabs;
             }
-            const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+            const double taken = seconds_since(start);
             if (r >= 0)
                 std::printf("tics\tours\trandom\t%s\t%.9g\n", labels ? "axes/s-labels" : "axes/s",
-                            static_cast<double>(limits.size()) / taken.count());
+                            static_cast<double>(limits.size()) / taken);
         }
     }
     return kept < 0 ? 1 : 0;

@@ -96,7 +96,7 @@ sp_value *select_by_flags(const sp_call &call, bool set, const char *function, c
         return bad_argument("1st", function);
     if (flags.type == sp_null)
         return bad_argument("2nd", function);
-    if (!has_data)
+    if (data.type != sp_array && flags.type == sp_scaler) // a single flag goes with arrays only
         return sp_get_blank_value();
     sp_value *result = select(sp_elements(data), sp_elements(flags), set, set);
     if (result->npts > 0)

@@ -272,6 +272,7 @@ TEST(Functions, HaveTheirResults)
              {"NOTVALIDARRAY(#X, \"7\")", "!Bad 1st argument in NOTVALIDARRAY."},
              {"VALIDARRAY(A, ())", "!Bad 2nd argument in VALIDARRAY."},
              {"VALIDARRAY(\"7\", 1)", "NULL"},
+             {"VALIDARRAY(7, 1)", "NULL"},
              {"VALIDARRAY(A)", "!Bad number of arguments."},
              {"CLIPTOP(SEQ(1, NAN, 3), 2)", "[1 nan 2]"},
              {"CLIPBOT(SEQ(1, NAN, 3), 2)", "[2 2 3]"},
