@@ -22,7 +22,8 @@ double number(int i)
 int breakpoint(int i, double *time, int *ncont)
 {
     *time = number(2 * i);
-    std::memcpy(ncont, &numbers[static_cast<std::size_t>(2 * i + 1)], sizeof *ncont);
+    const double second = number(2 * i + 1);
+    std::memcpy(ncont, &second, sizeof *ncont);
     *ncont %= 12;
     return *time != 0 ? 1 : 0;
 }
